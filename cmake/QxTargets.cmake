@@ -1,0 +1,44 @@
+# Settings that every target of this project shares.
+
+# Compiles `target` as this project's own code: C++20, hidden symbols, every warning.
+function(qx_configure target)
+    target_compile_features(${target} PRIVATE cxx_std_20)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON)
+    if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+        target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+        if(QX_WERROR)
+            target_compile_options(${target} PRIVATE -Werror)
+        endif()
+    endif()
+endfunction()
+
+# Configures an installable library; `static_macro` tells its header that nothing is imported from a DLL.
+function(qx_library target static_macro)
+    qx_configure(${target})
+    target_compile_features(${target} INTERFACE cxx_std_17)
+    set_target_properties(${target} PROPERTIES
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        VERIFY_INTERFACE_HEADER_SETS ON)
+    if(NOT BUILD_SHARED_LIBS)
+        target_compile_definitions(${target} PUBLIC ${static_macro})
+    endif()
+endfunction()
+
+# Brings in a sibling library: a target that the including project made, a package, or the stand-in.
+function(qx_sibling target package directory)
+    if(TARGET ${target})
+        return()
+    endif()
+    if(package)
+        find_package(${package} CONFIG REQUIRED)
+        if(NOT TARGET ${target})
+            message(FATAL_ERROR "The package ${package} does not provide ${target}")
+        endif()
+    else()
+        add_subdirectory(${directory})
+    endif()
+endfunction()

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "qxbase/export.h"
+
+namespace QX {
+
+/// A double with a validity flag that arithmetic carries along.
+///
+/// The operators give a valid result when both operands are valid and, for "/", the right value is not
+/// 0; a result that is not valid holds 0.0.
+class QXBASE_API AnalyticDouble {
+public:
+    /// Makes 0.0, not valid.
+    AnalyticDouble() = default;
+    /// Makes numerator / denominator; 0.0, not valid, when the denominator is 0.
+    AnalyticDouble(int numerator, int denominator);
+
+    /// The number, whatever the validity.
+    double get() const { return value; }
+    /// The validity flag.
+    bool isValid() const { return valid; }
+
+    AnalyticDouble operator+(AnalyticDouble const& other) const;
+    AnalyticDouble operator-(AnalyticDouble const& other) const;
+    AnalyticDouble operator*(AnalyticDouble const& other) const;
+    AnalyticDouble operator/(AnalyticDouble const& other) const;
+
+    /// The number.
+    double value = 0.0;
+    /// True when the number means something.
+    bool valid = false;
+};
+
+} // namespace QX

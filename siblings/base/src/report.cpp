@@ -1,0 +1,19 @@
+#include "qxbase/report.h"
+
+#include <ostream>
+#include <utility>
+
+namespace QX {
+
+Report::Report(Status const& status, Str file, int line)
+    : Status(status), file_(std::move(file)), line_(line) {
+}
+
+std::ostream& Report::display(std::ostream& os) const {
+    if (!file_.empty()) {
+        os << file_ << '(' << line_ << "): ";
+    }
+    return os << message(false) << '\n';
+}
+
+} // namespace QX
