@@ -1,0 +1,149 @@
+#include "cell/cellnumeric.h"
+
+#include "base/makeptr.h"
+#include "cell/numbertext.h"
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <ostream>
+
+namespace QX {
+
+namespace {
+
+AnalyticDouble validNumber(double value) {
+    AnalyticDouble number;
+    number.value = value;
+    number.valid = true;
+    return number;
+}
+
+AnalyticDouble remainder(double left, double right) {
+    int const a = truncated(left);
+    int const b = truncated(right);
+    if (b == 0) {
+        return AnalyticDouble();
+    }
+    return validNumber(b == -1 ? 0 : a % b); // the smallest int has no quotient by -1
+}
+
+/// True for equal doubles and for two of one sign that are next to each other.
+bool neighbours(double a, double b) {
+    if (std::fabs(a - b) <= 0) {
+        return true;
+    }
+    if (std::signbit(a) != std::signbit(b)) {
+        return false;
+    }
+    auto const aBits = std::bit_cast<std::int64_t>(a);
+    auto const bBits = std::bit_cast<std::int64_t>(b);
+    return std::abs(aBits - bBits) <= 1;
+}
+
+} // namespace
+
+bool CellNumeric::compare(CellImplementation const& other, bool /*flag*/) const {
+    if (other.isA() == Cell::NumericCell) {
+        return neighbours(value_.get(), static_cast<CellNumeric const&>(other).value_.get());
+    }
+    Date others;
+    if (other.isA() != Cell::StringCell || !other.get(others).ok()) {
+        return false;
+    }
+    Date own;
+    get(own);
+    return own.days() == others.days();
+}
+
+Ptr<CellImplementation> CellNumeric::clone() const {
+    return makePtr<CellNumeric>(value_);
+}
+
+std::ostream& CellNumeric::display(std::ostream& os) const {
+    if (!value_.isValid()) {
+        return os << "[Undefined]";
+    }
+    return isWhole(value_.get()) ? os << value_.get() : writeExact(os, value_.get());
+}
+
+Status CellNumeric::get(Date& out) const {
+    out = Date(truncated(value_.get()));
+    return out.isValid() ? Status() : Status("Not a valid date", Status::Error, -1);
+}
+
+Status CellNumeric::get(Str& out, int precision) const {
+    bool const fraction = !isWhole(value_.get());
+    if (!value_.isValid() && precision != 0) {
+        out = "NULL";
+    } else if (precision == -1 && fraction) {
+        out = exactText(value_.get());
+    } else if (precision > 0 && fraction) {
+        out = fixedText(value_.get(), precision);
+    } else {
+        out = Str::asString(value_.get());
+    }
+    return Status();
+}
+
+Status CellNumeric::get(bool& out) const {
+    out = value_.get() != 0.0;
+    return Status();
+}
+
+Status CellNumeric::get(int& out) const {
+    out = truncated(value_.get());
+    return isWhole(value_.get()) ? Status()
+                                 : Status("Integer not equivalent to number", Status::Error, -1);
+}
+
+Status CellNumeric::get(AnalyticDouble& out) const {
+    out = value_;
+    return Status();
+}
+
+Status CellNumeric::get(double& out) const {
+    out = value_.get();
+    return Status();
+}
+
+Cell CellNumeric::operation(Cell const& other, Str const& op) const {
+    AnalyticDouble right;
+    if (other.get(right).ok()) {
+        if (op == "+") {
+            return Cell(value_ + right);
+        }
+        if (op == "-") {
+            return Cell(value_ - right);
+        }
+        if (op == "*") {
+            return Cell(value_ * right);
+        }
+        if (op == "/") {
+            return Cell(value_ / right);
+        }
+        if (op == "%") {
+            return Cell(remainder(value_.get(), right.get()));
+        }
+    }
+    return Cell(Str("that cell is not numeric"));
+}
+
+bool CellNumeric::lessThan(CellImplementation const& other) const {
+    if (other.isA() == Cell::NumericCell) {
+        return value_.get() < static_cast<CellNumeric const&>(other).value_.get();
+    }
+    if (other.isA() != Cell::StringCell) {
+        return false;
+    }
+    Date others;
+    if (!other.get(others).ok()) {
+        return true;
+    }
+    Date own;
+    get(own);
+    return others.days() < own.days();
+}
+
+} // namespace QX

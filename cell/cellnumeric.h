@@ -1,0 +1,32 @@
+#pragma once
+
+#include "cell/cellimplementation.h"
+
+namespace QX {
+
+/// The body of a number.
+class CellNumeric final : public CellImplementation {
+public:
+    using CellImplementation::get;
+
+    explicit CellNumeric(AnalyticDouble const& value) : value_(value) {}
+
+    bool compare(CellImplementation const& other, bool flag) const override;
+    Ptr<CellImplementation> clone() const override;
+    std::ostream& display(std::ostream& os) const override;
+    Cell::CellType isA() const override { return Cell::NumericCell; }
+    bool empty() const override { return !value_.isValid(); }
+    Status get(Date& out) const override;
+    Status get(Str& out, int precision) const override;
+    Status get(bool& out) const override;
+    Status get(int& out) const override;
+    Status get(AnalyticDouble& out) const override;
+    Status get(double& out) const override;
+    Cell operation(Cell const& other, Str const& op) const override;
+    bool lessThan(CellImplementation const& other) const override;
+
+private:
+    AnalyticDouble value_;
+};
+
+} // namespace QX

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "qxbase/analyticdouble.h"
+#include "qxbase/str.h"
+
+#include <iosfwd>
+#include <string_view>
+
+namespace QX {
+
+/// `number` truncated toward zero; the smallest int for NaN and for what no int can hold.
+int truncated(double number);
+
+/// True when truncation moves `number` by no more than one machine epsilon relative to its magnitude,
+/// and by no more than one epsilon below 1; so true for infinities, which no subtraction can tell apart.
+bool isWhole(double number);
+
+/// Reads a decimal number, the exact form ("## low high") or a ratio ("[Numeric] a b"), as stream
+/// extraction reads them in the classic locale, with nothing allowed to follow. Not valid when the text
+/// is none of these.
+AnalyticDouble readNumber(std::string_view text);
+
+/// The exact form: the low and the high half of the double's bits as signed ints.
+Str exactText(double number);
+
+/// Writes the exact form with the stream's own integer formatting.
+std::ostream& writeExact(std::ostream& os, double number);
+
+/// The number with exactly `precision` digits after the point.
+Str fixedText(double number, int precision);
+
+} // namespace QX

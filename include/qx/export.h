@@ -1,0 +1,20 @@
+#pragma once
+
+/// Marks what the library exports; define QX_STATIC to use it as a static library.
+#if defined(QX_STATIC)
+#define QX_API
+#elif defined(_WIN32) && defined(QX_BUILD)
+#define QX_API __declspec(dllexport)
+#elif defined(_WIN32)
+#define QX_API __declspec(dllimport)
+#else
+#define QX_API [[gnu::visibility("default")]]
+#endif
+
+/// Keeps an inline function within the module that compiled it, so that no other module's copy of it is
+/// called in its place.
+#if defined(_WIN32)
+#define QX_LOCAL
+#else
+#define QX_LOCAL [[gnu::visibility("hidden")]]
+#endif

@@ -1,0 +1,176 @@
+#pragma once
+
+#include "qx/export.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+/// The module tag of the code that includes this header: a string literal that names the program or
+/// shared library, kept in every count block that it makes. Define it before the first include, or on
+/// the compiler's command line, to tell your modules apart; the library's own tag is "qxdll".
+#ifndef QX_MODULE_TAG
+#define QX_MODULE_TAG "qxclient"
+#endif
+
+namespace QX {
+
+/// The count block that all Ptr copies of one object share: how many there are, which module made the
+/// block, and the deleter that ends object and block.
+///
+/// The count is a plain integer: all handles of one object belong to one thread at a time.
+class QX_API PtrRefCount {
+public:
+    /// Called with the block and the object when the last handle goes; frees both.
+    using Deleter = void (*)(PtrRefCount* block, void* object);
+
+    /// Makes a block with count 1. `location` is the module tag; it is kept as a pointer and never
+    /// freed, so it must outlive the block (a string literal does).
+    PtrRefCount(char const* location, Deleter deleter) : deleter_(deleter), location_(location) {}
+    /// Copies all three fields, the count included.
+    PtrRefCount& operator=(PtrRefCount const& other) = default;
+    /// Clears the module tag, so that a freed block names no module.
+    ~PtrRefCount();
+
+    /// Adds one to the count.
+    void increment() { ++count_; }
+    /// Takes one from the count; true when it has become 0.
+    bool decrement() { return --count_ == 0; }
+    /// True when the count is 0: nobody shares the block any more.
+    bool canDelete() { return count_ == 0; }
+    /// The number of handles that share the block.
+    std::uint32_t count() const { return count_; }
+    /// The module tag.
+    char const* location() const { return location_; }
+    /// Calls the stored deleter with this block and `object`; the block is gone afterwards.
+    void remove(void* object) { deleter_(this, object); }
+
+    /// A deleter for objects that need no destructor: frees the object's storage with the global
+    /// operator delete, then the block.
+    ///
+    /// Raises std::logic_error "Deletion across dll boundary" when the block was not made under the
+    /// module tag "qxdll", or else "Reference Count non zero" while the count is above 0; object and
+    /// block are then untouched.
+    static void release(PtrRefCount* block, void* object);
+
+private:
+    PtrRefCount(PtrRefCount const&) = delete;
+
+    std::uint32_t count_ = 1;
+    Deleter deleter_;
+    char const* location_;
+};
+
+namespace Detail {
+
+/// Raises std::logic_error "Reference Count non zero" unless the block's count is 0.
+QX_API void requireReleased(PtrRefCount& block);
+
+/// The deleter of objects made with new: deletes object and block in the module that made them.
+template <typename T>
+QX_LOCAL void deleteObject(PtrRefCount* block, void* object) {
+    requireReleased(*block);
+    delete static_cast<T*>(object);
+    delete block;
+}
+
+} // namespace Detail
+
+/// A counted handle to a shared object; the object is deleted when its last handle goes.
+///
+/// A copy shares the object: it costs one increment and allocates nothing. The last handle runs the
+/// deleter stored in the count block, so an object is always ended by the module that made it, whichever
+/// module releases it last. A handle is null when it lacks the object or the count block; a copy of such
+/// a handle lacks both.
+///
+/// All handles of one object belong to one thread at a time.
+template <typename T>
+class Ptr {
+public:
+    /// Makes a null handle.
+    Ptr() noexcept = default;
+    /// Makes a null handle.
+    Ptr(std::nullptr_t) noexcept {}
+    /// Takes over an object made with new: makes a count block with count 1, the module tag of the
+    /// including code, and a deleter that deletes the object as a T. The object is deleted if no block
+    /// can be made. A null object gives a handle that is null although it owns a block.
+    QX_LOCAL explicit Ptr(T* object);
+    /// Takes over an object and one count of its block, for objects that need a deleter of their own.
+    Ptr(T* object, PtrRefCount* block) noexcept : object_(object), block_(block) {}
+    /// Shares the object of `other`; null when `other` is null.
+    Ptr(Ptr const& other) noexcept { share(other.object_, other.block_); }
+    /// Shares the object of a handle to a compatible class, such as Ptr<Table> for Ptr<Table const>.
+    ///
+    /// A derived class must have T as its first base: the object's address stays what it was.
+    template <typename U, typename = std::enable_if_t<std::is_convertible<U*, T*>::value>>
+    Ptr(Ptr<U> const& other) noexcept {
+        share(other.object_, other.block_);
+    }
+    /// Takes over the reference of `other`, which becomes null.
+    Ptr(Ptr&& other) noexcept { swap(other); }
+    /// Releases the reference; the last one runs the deleter.
+    ~Ptr() { release(); }
+
+    /// Shares the object of `other`, then releases what was held; null when `other` is null. Nothing
+    /// changes when both share one object already.
+    Ptr& operator=(Ptr const& other) noexcept {
+        Ptr(other).swap(*this);
+        return *this;
+    }
+    /// Takes over the reference of `other`, which becomes null, then releases what was held.
+    Ptr& operator=(Ptr&& other) noexcept {
+        Ptr(std::move(other)).swap(*this);
+        return *this;
+    }
+
+    /// The object; must not be null.
+    T& operator*() const noexcept { return *object_; }
+    /// The object; must not be null.
+    T* operator->() const noexcept { return object_; }
+    /// The object, or null.
+    T* get() const noexcept { return object_; }
+    /// True when the object or the count block is missing.
+    bool isNull() const noexcept { return object_ == nullptr || block_ == nullptr; }
+    /// True when the handle is not null.
+    explicit operator bool() const noexcept { return !isNull(); }
+    /// The number of handles that share the object; 0 for a null handle.
+    std::uint32_t useCount() const noexcept { return isNull() ? 0 : block_->count(); }
+    /// Releases the reference and leaves a null handle.
+    void reset() noexcept { Ptr().swap(*this); }
+    /// Exchanges two handles; no count changes.
+    void swap(Ptr& other) noexcept {
+        std::swap(object_, other.object_);
+        std::swap(block_, other.block_);
+    }
+
+private:
+    template <typename U>
+    friend class Ptr;
+
+    void share(T* object, PtrRefCount* block) noexcept {
+        if (object != nullptr && block != nullptr) {
+            block->increment();
+            object_ = object;
+            block_ = block;
+        }
+    }
+    void release() noexcept {
+        if (block_ != nullptr && block_->decrement()) {
+            block_->remove(const_cast<std::remove_cv_t<T>*>(object_));
+        }
+    }
+
+    T* object_ = nullptr;
+    PtrRefCount* block_ = nullptr;
+};
+
+template <typename T>
+Ptr<T>::Ptr(T* object) {
+    std::unique_ptr<T> guard(object);
+    block_ = new PtrRefCount(QX_MODULE_TAG, &Detail::deleteObject<T>);
+    object_ = guard.release();
+}
+
+} // namespace QX

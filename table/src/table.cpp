@@ -1,0 +1,131 @@
+#include "qx/table.h"
+
+#include "base/immortal.h"
+#include "table/src/tableimpl.h"
+
+#include <ostream>
+
+namespace QX {
+
+namespace {
+
+/// Writes to the data body, making one where there is none; a write that fails leaves none behind.
+template <typename Write>
+Cell& writeTo(Ptr<TableImplementation>& data, Write const& write) {
+    if (data) {
+        return write(*data);
+    }
+    Ptr<TableImplementation> const body = makePtr<TableImplementation>(Str());
+    Cell& cell = write(*body);
+    data = body;
+    return cell;
+}
+
+} // namespace
+
+Table::Table() : Table(Str()) {
+}
+
+Table::Table(Str const& name) : Table(makePtr<TableImplementation>(name)) {
+}
+
+Table::Table(Ptr<TableImplementation> const& body)
+    : data_(body), attributes_(makePtr<TableImplementation>(Str())) {
+}
+
+Table::Table(Table const& other) = default;
+
+Table& Table::operator=(Table const& other) = default;
+
+Table::~Table() = default;
+
+bool Table::operator==(Ptr<Table> other) {
+    return other && other.get() == this;
+}
+
+Str const& Table::name() const {
+    return body().name();
+}
+
+std::size_t Table::indices() const {
+    return body().indices();
+}
+
+std::size_t Table::items(std::size_t /*index*/) const {
+    return body().items();
+}
+
+Cell const& Table::get(std::size_t i, std::size_t j) const {
+    return body().get(i, j);
+}
+
+Cell const& Table::at(std::size_t i, std::size_t j) const {
+    return body().get(i, j);
+}
+
+Cell const& Table::get(Str const& name, std::size_t j) const {
+    return body().get(name, j);
+}
+
+Cell const& Table::at(Str const& name, std::size_t j) const {
+    return body().get(name, j);
+}
+
+Cell& Table::at(std::size_t i, std::size_t j) {
+    return writeTo(data_, [&](TableImplementation& body) -> Cell& { return body.at(i, j); });
+}
+
+Cell& Table::at(Str const& name, std::size_t j) {
+    return writeTo(data_, [&](TableImplementation& body) -> Cell& { return body.at(name, j); });
+}
+
+Cell& Table::at(std::size_t i, std::size_t j, Cell const& cell) {
+    return writeTo(data_, [&](TableImplementation& body) -> Cell& { return body.at(i, j, cell); });
+}
+
+Cell& Table::at(Str const& name, std::size_t j, Cell const& cell) {
+    return writeTo(data_, [&](TableImplementation& body) -> Cell& { return body.at(name, j, cell); });
+}
+
+Cell& Table::at(char const* name, std::size_t j, Cell const& cell) {
+    return at(Str(name), j, cell);
+}
+
+bool Table::check() const {
+    return body().check();
+}
+
+Ptr<Table> Table::clone() const {
+    Ptr<Table> copy = body().clone();
+    if (attributes_) {
+        copy->attributes_ = attributes_->clone()->data_;
+    }
+    return copy;
+}
+
+Status Table::alias(Ptr<Table const> /*other*/, Ptr<Table>& /*result*/) const {
+    return Status("Not Implemented", Status::Error, -1);
+}
+
+Ptr<Table> Table::getAttributes() const {
+    return makePtr<Table>(attributes_);
+}
+
+void Table::setAttributes(Ptr<Table> table) {
+    attributes_ = table ? table->data_ : makePtr<TableImplementation>(Str());
+}
+
+std::ostream& Table::display(std::ostream& os, int number) const {
+    return data_ ? data_->display(os, number) : os << "Null table" << std::endl;
+}
+
+Ptr<TableImplementation> Table::getImplementation() const {
+    return data_;
+}
+
+TableImplementation const& Table::body() const {
+    static Immortal<TableImplementation> const empty{Str()};
+    return data_ ? *data_ : empty.object;
+}
+
+} // namespace QX

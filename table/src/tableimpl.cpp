@@ -1,0 +1,109 @@
+#include "table/src/tableimpl.h"
+
+#include "base/immortal.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace QX {
+
+TableImplementation::TableImplementation(Str const& name) : name_(name) {
+}
+
+TableImplementation::~TableImplementation() = default;
+
+Cell& TableImplementation::sharedEmptyCell() {
+    static Immortal<Cell> empty;
+    return empty.object;
+}
+
+std::size_t TableImplementation::items() const {
+    std::size_t most = 0;
+    for (Index const& index : indices_) {
+        most = std::max(most, index.size());
+    }
+    return most;
+}
+
+Cell const& TableImplementation::get(std::size_t i, std::size_t j) const {
+    return i < indices_.size() && j < indices_[i].size() ? indices_[i][j] : sharedEmptyCell();
+}
+
+Cell const& TableImplementation::get(Str const& name, std::size_t j) const {
+    return get(findIndex(Cell(name)), j);
+}
+
+Cell& TableImplementation::at(std::size_t i, std::size_t j) {
+    if (i == npos) {
+        i = indices_.size();
+    }
+    if (j == npos) {
+        j = i < indices_.size() ? indices_[i].size() : 0;
+    }
+    return reach(i, j);
+}
+
+Cell& TableImplementation::at(Str const& name, std::size_t j) {
+    Cell const nameCell(name);
+    std::size_t const i = findIndex(nameCell);
+    if (i != npos) {
+        return at(i, j);
+    }
+    std::size_t const position = j == npos ? 1 : j;
+    return addIndex(nameCell, position)[position];
+}
+
+Cell& TableImplementation::at(std::size_t i, std::size_t j, Cell const& cell) {
+    if (i == npos || j == npos) {
+        return sharedEmptyCell();
+    }
+    Cell const kept(cell); // growing may move the cell if it lives in this table
+    Cell& place = reach(i, j);
+    place = kept;
+    return place;
+}
+
+Cell& TableImplementation::at(Str const& name, std::size_t j, Cell const& cell) {
+    if (j == npos) {
+        at(name, 0);
+        return sharedEmptyCell();
+    }
+    Cell const kept(cell);
+    Cell& place = at(name, j);
+    place = kept;
+    return place;
+}
+
+std::size_t TableImplementation::findIndex(Cell const& name) const {
+    for (std::size_t i = 0; i < indices_.size(); ++i) {
+        if (!indices_[i].empty() && indices_[i].front().compare(name, false)) {
+            return i;
+        }
+    }
+    return npos;
+}
+
+std::size_t TableImplementation::addIndex(Str const& name) {
+    addIndex(Cell(name), 0);
+    return indices_.size() - 1;
+}
+
+Cell& TableImplementation::reach(std::size_t i, std::size_t j) {
+    if (i >= indices_.size()) {
+        Index added(j + 1); // made first, so that nothing has grown if there is no memory for it
+        indices_.resize(i + 1);
+        indices_[i] = std::move(added);
+    } else if (j >= indices_[i].size()) {
+        indices_[i].resize(j + 1);
+    }
+    return indices_[i][j];
+}
+
+TableImplementation::Index& TableImplementation::addIndex(Cell const& name, std::size_t j) {
+    Index added(j + 1);
+    added.front() = name;
+    indices_.push_back(std::move(added));
+    return indices_.back();
+}
+
+} // namespace QX
