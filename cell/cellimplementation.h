@@ -13,6 +13,9 @@ public:
     CellImplementation& operator=(CellImplementation const&) = delete;
     virtual ~CellImplementation();
 
+    /// The body of a cell; that of all empty cells when it has none.
+    static CellImplementation const& of(Cell const& cell) { return cell.body(); }
+
     virtual bool compare(CellImplementation const& other, bool flag) const = 0;
     /// A new body of this one's own; a table body's has an empty table of the same name, an error body's
     /// is the string body of its text.

@@ -1,13 +1,11 @@
 #include "cell/cellnumeric.h"
 
 #include "base/makeptr.h"
+#include "cell/cellvalue.h"
 #include "cell/numbertext.h"
 
-#include <bit>
-#include <cmath>
-#include <cstdint>
-#include <limits>
 #include <ostream>
+#include <string>
 
 namespace QX {
 
@@ -29,24 +27,11 @@ AnalyticDouble remainder(double left, double right) {
     return validNumber(b == -1 ? 0 : a % b); // the smallest int has no quotient by -1
 }
 
-/// True for equal doubles and for two of one sign that are next to each other.
-bool neighbours(double a, double b) {
-    if (std::fabs(a - b) <= 0) {
-        return true;
-    }
-    if (std::signbit(a) != std::signbit(b)) {
-        return false;
-    }
-    auto const aBits = std::bit_cast<std::int64_t>(a);
-    auto const bBits = std::bit_cast<std::int64_t>(b);
-    return std::abs(aBits - bBits) <= 1;
-}
-
 } // namespace
 
 bool CellNumeric::compare(CellImplementation const& other, bool /*flag*/) const {
     if (other.isA() == Cell::NumericCell) {
-        return neighbours(value_.get(), static_cast<CellNumeric const&>(other).value_.get());
+        return equalNumbers(value_.get(), static_cast<CellNumeric const&>(other).value_.get());
     }
     Date others;
     if (other.isA() != Cell::StringCell || !other.get(others).ok()) {
@@ -78,7 +63,9 @@ Status CellNumeric::get(Str& out, int precision) const {
     if (!value_.isValid() && precision != 0) {
         out = "NULL";
     } else if (precision == -1 && fraction) {
-        out = exactText(value_.get());
+        std::string text;
+        appendExact(text, value_.get());
+        out = text;
     } else if (precision > 0 && fraction) {
         out = fixedText(value_.get(), precision);
     } else {

@@ -25,6 +25,8 @@ public:
     Cell operation(Cell const& other, Str const& op) const override;
     bool lessThan(CellImplementation const& other) const override;
 
+    AnalyticDouble const& value() const { return value_; }
+
 private:
     AnalyticDouble value_;
 };

@@ -24,6 +24,8 @@ public:
     Status get(Ptr<Table const>& out) const override;
     bool lessThan(CellImplementation const& other) const override;
 
+    Table const* table() const { return table_.get(); }
+
 private:
     Ptr<Table> table_;
 };

@@ -1,6 +1,7 @@
 #include "cell/numbertext.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -134,9 +135,24 @@ AnalyticDouble readNumber(std::string_view text) {
     return text.starts_with(ratioPrefix) ? readRatio(text) : readDecimal(text);
 }
 
-Str exactText(double number) {
-    return std::string(exactPrefix) + ' ' + std::to_string(lowHalf(number)) + ' ' +
-           std::to_string(highHalf(number));
+void appendGeneral(std::string& text, double number, int precision) {
+    std::array<char, 64> buffer; // enough for 17 digits with sign, point and exponent
+    char* const end = buffer.data() + buffer.size();
+    int const whole = truncated(number);
+    bool const plain =
+        number == whole && whole != 0; // the shorter way for most numbers, but zero has a sign
+    auto const written =
+        plain ? std::to_chars(buffer.data(), end, whole)
+              : std::to_chars(buffer.data(), end, number, std::chars_format::general, precision);
+    text.append(buffer.data(), written.ptr);
+}
+
+void appendExact(std::string& text, double number) {
+    text += exactPrefix;
+    text += ' ';
+    text += std::to_string(lowHalf(number));
+    text += ' ';
+    text += std::to_string(highHalf(number));
 }
 
 std::ostream& writeExact(std::ostream& os, double number) {

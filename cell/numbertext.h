@@ -4,6 +4,7 @@
 #include "qxbase/str.h"
 
 #include <iosfwd>
+#include <string>
 #include <string_view>
 
 namespace QX {
@@ -20,8 +21,11 @@ bool isWhole(double number);
 /// is none of these.
 AnalyticDouble readNumber(std::string_view text);
 
-/// The exact form: the low and the high half of the double's bits as signed ints.
-Str exactText(double number);
+/// Appends the number as a stream of the classic locale writes it with `precision` significant digits.
+void appendGeneral(std::string& text, double number, int precision);
+
+/// Appends the exact form: the low and the high half of the double's bits as signed ints.
+void appendExact(std::string& text, double number);
 
 /// Writes the exact form with the stream's own integer formatting.
 std::ostream& writeExact(std::ostream& os, double number);

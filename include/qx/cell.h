@@ -62,12 +62,10 @@ public:
     ///   (" -12.5e3"), within the range of a double and with nothing behind it; never hexadecimal, "inf"
     ///   or "nan", and the same in every locale;
     /// - a number in exact form: "##", any one character, then the low and the high 32 bits of the
-    /// double as
-    ///   two signed decimal ints ("## 0 1076428800" is 12.5); it is what operator<< writes;
+    ///   double as two signed decimal ints ("## 0 1076428800" is 12.5); it is what operator<< writes;
     /// - a ratio: "[Numeric]", any one character, then two ints ("[Numeric] 1 4" is 0.25);
     /// - an error: "#Err: " or "#Critical: " in any letter case, then anything; the status is an Error
-    /// whose
-    ///   message is the whole text;
+    ///   whose message is the whole text;
     /// - an empty cell: "[Empty]", exactly;
     /// - otherwise a string cell with that text, the empty text included.
     ///
@@ -122,9 +120,8 @@ public:
     /// error cell.
     ///
     /// A number gives, in this order: "NULL" when it is not valid and `precision` is not 0; its exact
-    /// form
-    /// ("## 0 1076428800") when `precision` is -1 and it is not whole; exactly `precision` digits after
-    /// the point when `precision` is above 0 and it is not whole; otherwise Str::asString() of it.
+    /// form ("## 0 1076428800") when `precision` is -1 and it is not whole; exactly `precision` digits
+    /// after the point when `precision` is above 0 and it is not whole; otherwise Str::asString() of it.
     /// Precision 0 is the ordinary text. Other kinds ignore `precision`.
     Status get(Str& out, int precision) const;
     /// Reads the status of an error cell: always an Error with code -1 and the message without marks.
@@ -195,6 +192,8 @@ public:
     Cell const operation(Cell const& other, Str const& op) const;
 
 private:
+    friend class CellImplementation;
+
     CellImplementation const& body() const;
 
     Ptr<CellImplementation> body_; // null in an empty cell

@@ -143,6 +143,236 @@ public:
     /// Handles copied from this one before keep the attributes they had.
     void setAttributes(Ptr<Table> table);
 
+    // Whole-table operations
+    //
+    // Each reads this table and an operand, builds a new table and makes `result` refer to it; what
+    // `result` referred to before is released, never written to. The new table shares the cells of its
+    // inputs, nested tables included, and has empty attributes. Inputs are never changed. A table is
+    // read as a rectangle: positions that a short index lacks are empty cells. `result` may be a handle
+    // to this table or to the operand, even the last one, unless said otherwise.
+    //
+    // Unless said otherwise a null operand raises Except "No operand table provided" before anything
+    // happens, and the cost is linear in the cells read and placed. Where names are matched "by cell",
+    // the operand's name cell is compared as it is; "by text", the cell that Cell(Str const&) makes of
+    // its text is, so that a name "2" matches an index named by the number 2.
+
+    /// Puts the operand's indices behind this table's, or over those of the same name.
+    ///
+    ///     this      operand     byName false            byName true
+    ///     A 1       B 7 8       A 1 | B 2 | B 7 8 | C 9 -     A 1 | B 7 8 | C 9 -
+    ///     B 2       C 9
+    ///
+    /// (indices side by side, each with its name first; "-" is an empty cell). This table's indices are
+    /// padded to its item count, the operand's to its own, so the result need not be rectangular. With
+    /// `byName` an operand index replaces the items of the first result index whose name it equals
+    /// (matched by cell, also among the indices that earlier operand indices have added), as many as the
+    /// operand has items; items beyond are kept. An operand index without a match is added at the end.
+    ///
+    /// The result is named "THIS and OPERAND" and is there from the start. Always returns Ok.
+    Status merge(Ptr<Table const> const& operand, Ptr<Table>& result, bool byName) const;
+
+    /// Fills whole indices with one value: for each operand index, item 0 names the index and item 1 is
+    /// the value.
+    ///
+    ///     this          operand   count -1                 count 5
+    ///     A 1 2 3       X 0       A 1 2 3 | X 0 0 0        A 1 2 3 | X 0 0 0 0
+    ///     X 4 5 6
+    ///
+    /// Each named index gets `count` items, its name included, but never fewer than this table's item
+    /// count (so -1 stands for that); an index that this table lacks is added at the end. An operand
+    /// index without item 1 fills with empty cells; items 2 and beyond are not read.
+    ///
+    /// The result is named "THIS and THIS". Returns Ok, or Error "Fill Table must contain two rows" when
+    /// no operand index has two items (`result` is then left as it was).
+    Status fill(Ptr<Table const> const& operand, Ptr<Table>& result, int count) const;
+
+    /// Adds the operand's rows below this table's, index by index of the same name.
+    ///
+    ///     this        operand     addIndices false      addIndices true
+    ///     A 1 2       A 5 6       A 1 2 5 6 | B 3 4     A 1 2 5 6 | B 3 4 | C - - 7 8
+    ///     B 3 4       C 7 8
+    ///
+    /// Names are matched by text. With `addIndices` an operand index that this table lacks is added,
+    /// named by the cell made from its name's text; otherwise it is left out. An index of this table
+    /// that the operand lacks stays as long as it was. Of two operand indices of one name the later
+    /// one's rows remain.
+    ///
+    /// With `distinct` rows that repeat an earlier row, the names row included, are removed, and every
+    /// index gets as many items. Two rows repeat each other when the display texts of their cells, each
+    /// behind a colon, make up the same text: "a:" and "b" repeats "a" and ":b". Numbers are displayed
+    /// with 17 digits there, so different numbers differ.
+    ///
+    /// The result is named "OPERAND and THIS". Always returns Ok. Raises Except "No append table
+    /// provided" for a null operand, or else "Result table cannot be same as 'this' table" when `result`
+    /// refers to this table's data; `result` is then left as it was.
+    Status append(Ptr<Table const> const& operand, Ptr<Table>& result, bool addIndices,
+                  bool distinct) const;
+
+    /// Lays the operand over a copy of this table, cell over cell, matching indices by cell.
+    ///
+    ///     this          operand       emptyOverwrites false        true
+    ///     A 1 2 3       A 9 - 7       A 9 2 7 | B 4 5 6            A 9 - 7 | B 4 5 6
+    ///     B 4 5 6
+    ///
+    /// With `matchedOnly` operand indices that this table lacks are left out; otherwise they are added
+    /// at the end, the last one first (one of which no cell is laid is not added). An empty operand cell
+    /// leaves what lies beneath, unless `emptyOverwrites`; it never replaces a nested table.
+    /// `operandItems` lays as many items as the operand has, otherwise as many as this table has.
+    ///
+    /// A nested table of the operand is laid over the nested table beneath, or over a new empty one, by
+    /// the same rules; the result holds the new table, and neither input's nested table changes.
+    ///
+    /// The result is named after the operand. A null operand gives a copy of this table, padded to a
+    /// rectangle and named after it. Always returns Ok. Raises Except "Result table cannot be same as
+    /// 'this' table" when `result` refers to this table's data; `result` is then left as it was.
+    Status overlay(Ptr<Table const> const& operand, Ptr<Table>& result, bool matchedOnly,
+                   bool emptyOverwrites, bool operandItems) const;
+
+    /// Picks indices by name, in the operand's order: for each operand index, item 0 is the name
+    /// (matched by text) and item 1, unless empty, a new name.
+    ///
+    ///     this                    operand       result                  invert
+    ///     A 1 2 | B 3 4 | C 5 6   B | A Z       B 3 4 | Z 1 2           C 5 6
+    ///
+    /// A name that this table lacks is skipped, or with `keepUnmatched` gives an index of its name
+    /// alone. Each picked index is named by the operand's cell and padded to this table's item count.
+    ///
+    /// With `invert` the indices that the operand does not name are picked, in this table's order, each
+    /// named by the cell made from its name's text; those whose name has no text only with
+    /// `keepUnmatched`.
+    ///
+    /// With `distinct` rows that equal an earlier row, the names row included, are removed; rows are
+    /// equal when, in every index, the earlier cell equals the later by Cell::compare() with flag false.
+    ///
+    /// The result is named after this table, or "Distinct". Returns Ok, or the failure of the conversion
+    /// when a name has no text (`result` is then left as it was). Raises Except "Select items must be
+    /// specified as indices not items in the selection table" when an operand index has more than two
+    /// items.
+    ///
+    /// Cost: linear; `distinct` adds a constant per cell, and rows times kept rows only where every
+    /// index holds numbers next to each other, NaN, numbers that are not valid, or dates beside numbers.
+    Status select(Ptr<Table const> const& operand, Ptr<Table>& result, bool keepUnmatched, bool distinct,
+                  bool invert) const;
+
+    /// Picks rows by value, one operand index per condition: item 0 names the index to test (matched by
+    /// text), the other items are the values.
+    ///
+    ///     this                operand      exclude false         exclude true
+    ///     A 2 1 2 3           A 1 2        A 1 2 2               A 3
+    ///     B u v w x                        B v u w               B x
+    ///
+    /// Every condition has as many values as the longest, those it lacks being empty. Without `exclude`
+    /// the rows that equal a value by `row.compare(value, false)` are listed value by value, a row that
+    /// equals two values twice. With `exclude` the rows whose text equals the text of a value are
+    /// dropped, and unless `keepEmpty` those whose text is empty; the others stay in order. Conditions
+    /// work one after the other, each on what the one before left. A condition on an index that the
+    /// table lacks leaves no row, or with `exclude` every row. The names row always stays.
+    ///
+    /// The result is named after this table. Returns Ok, also for an operand without indices (`result`
+    /// is then left as it was). A condition whose name has no text fails with that conversion's status,
+    /// unless rows were tested all the same; it leaves `result` as it was, and the next condition works
+    /// on what `result` holds then, or the filter ends with that status when that is null.
+    ///
+    /// Cost of each condition: linear in cells and values.
+    Status filter(Ptr<Table const> const& operand, Ptr<Table>& result, bool keepEmpty,
+                  bool exclude) const;
+
+    /// Turns indices into rows: item i of index j becomes item j of index i.
+    ///
+    ///     A 1 2       A B | 1 3 | 2 -
+    ///     B 3
+    ///
+    /// The result is named after this table. Always returns Ok.
+    Status transpose(Ptr<Table>& result) const;
+
+    /// Lists the data rows in the order of one or more key indices.
+    ///
+    ///     this          operand    ascending      descending
+    ///     A 3 1 2 1     A          A 1 1 2 3      A 3 2 1 1
+    ///     B w x y z                B x z y w      B w y x z
+    ///
+    /// The operand names the keys, the most significant first (matched by text): as several indices of
+    /// one item each, otherwise as the items of its first index. Rows that are equal in every key keep
+    /// their order. The order is that of Cell::operator<, empty cells (also texts without characters and
+    /// numbers that are not valid) before all others.
+    ///
+    /// Where a key index's order and equality disagree, rows can be lost or repeated: a row is listed
+    /// once for each distinct value that it equals. So a column with NaN loses rows, and rows whose
+    /// numbers are next to each other in the double grid are listed once for each of them.
+    ///
+    /// The result is named after this table. Returns Ok; Error "Sort key not found" when the operand has
+    /// no key with a text (`result` is then left as it was); or Error "Key not found" for an empty key
+    /// or one that names no index: `result` then holds the rows as sorted by the keys behind it, or is
+    /// left as it was when there are none. Keys without a text are skipped.
+    ///
+    /// Cost of each key: n log n in the rows for an index of numbers, of texts, or of numbers and texts
+    /// that are no dates, with or without empty cells; otherwise rows times distinct values. The cells
+    /// are placed once.
+    Status sort(Ptr<Table const> const& operand, Ptr<Table>& result, bool ascending) const;
+
+    /// Lists how `right` differs from this table, the left one: one item for each difference in each of
+    /// the indices "Xpath", "Left" and "Right".
+    ///
+    ///     this         right        result
+    ///     x 1 2        x 1 3        Xpath /x[2] /y[0]   /y[1]
+    ///     y 7                       Left  2     y       7
+    ///                               Right 3     missing missing
+    ///
+    /// Indices are paired by name (matched by text), those without a name that has a text by position.
+    /// Cells are compared by `left.compare(right, flag)`. A position counts as missing on a side that
+    /// has no such index or whose item count does not reach it; empty cells are never missed. Two nested
+    /// tables at one position are compared in their turn, the path leading on ("/t[1]/u[2]"); a path in
+    /// an index without a name begins anew ("[2]").
+    ///
+    /// The differences at positions of this table come first, in its order, then those of positions that
+    /// only `right` has.
+    ///
+    /// The result is named "THIS and RIGHT"; it has no indices when nothing differs. Always returns Ok.
+    Status compare(Ptr<Table const> const& right, Ptr<Table>& result, bool flag) const;
+
+    /// True when compare() with flag false finds no difference; with `flag` true the answer is false at
+    /// once.
+    ///
+    /// Stops at the first difference.
+    bool match(Ptr<Table const> const& right, bool flag) const;
+
+    /// Combines this table with `right` cell by cell at the positions that the template marks.
+    ///
+    ///     this       right        templ       op "+"
+    ///     A 1 2      A 10 20      - %D -      A 11 2
+    ///
+    /// Where the template holds the text "%D" the result holds `left.operation(right, op)`; where it
+    /// holds a nested table both sides must hold one too, which are combined under it; elsewhere the
+    /// result holds this table's cell. What Cell::operation() gives for cells that do not combine is
+    /// stored as it is.
+    ///
+    /// All three tables must have the same number of indices and the same item count. The result is
+    /// named "OP operation " and rectangular. Returns Ok. Raises Except "Left and Right operands do not
+    /// have matching indices" (or "... items"), "Template and operands do not have matching indices" (or
+    /// "... items"), both before `result` changes, except within nested tables; or "Mismatched table
+    /// structure - expected table at index I item J", which leaves in `result` what was computed so far.
+    /// A null `right` or `templ` raises as usual.
+    Status operation(Ptr<Table const> const& right, Str const& op, Ptr<Table const> const& templ,
+                     Ptr<Table>& result) const;
+
+    /// Builds a template from two tables of one shape: "%D" where both hold numbers, a nested template
+    /// where both hold tables, an empty cell elsewhere.
+    ///
+    /// The result has an empty name. Returns Ok, or Error "do not have matching indices" or "do not have
+    /// matching items": for the tables themselves `result` is left as it was; for nested tables the
+    /// template ends with an empty cell at their position.
+    Status makeTemplate(Ptr<Table const> const& other, Ptr<Table>& result) const;
+
+    /// Sums the numbers at the positions that the template marks with "%D", those in nested tables under
+    /// nested templates included, index by index; `op` must be "+".
+    ///
+    /// `total` is set to 0 first. A marked cell that is no number adds 0. The template may be smaller
+    /// than this table. Returns Ok. Raises Except "Number of indices in template exceeds original data
+    /// set", "Number of items in template exceeds original data set", "Mismatched table structure" where
+    /// the template holds a table and this one does not, or "Unsupported Unary operation" for another
+    /// `op` at the first marked or nested position; `total` then holds the sum so far.
+    Status unaryOperation(Str const& op, Ptr<Table const> const& templ, double& total) const;
+
     /// Writes the table and all tables nested in it, one line per index, and returns `os`.
     ///
     /// Nested tables come first, each headed by a number that its parent's line refers to; the table
@@ -171,6 +401,7 @@ private:
     friend class CellTable;
 
     TableImplementation const& body() const;
+    Ptr<TableImplementation> heldBody() const;
 
     Ptr<TableImplementation> data_;
     Ptr<TableImplementation> attributes_;

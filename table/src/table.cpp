@@ -123,6 +123,10 @@ Ptr<TableImplementation> Table::getImplementation() const {
     return data_;
 }
 
+Ptr<TableImplementation> Table::heldBody() const {
+    return data_ ? data_ : makePtr<TableImplementation>(Str());
+}
+
 TableImplementation const& Table::body() const {
     static Immortal<TableImplementation> const empty{Str()};
     return data_ ? *data_ : empty.object;

@@ -3,12 +3,20 @@
 #include "base/makeptr.h"
 #include "qx/cell.h"
 #include "qx/table.h"
+#include "table/src/column.h"
 
 #include <cstddef>
 #include <iosfwd>
 #include <vector>
 
 namespace QX {
+
+/// How one table is laid over another.
+struct OverlayFlags {
+    bool matchedOnly;
+    bool emptyOverwrites;
+    bool operandItems;
+};
 
 /// The body of a table: its name and its indices. Everything that Table documents is done here.
 class TableImplementation {
@@ -28,6 +36,8 @@ public:
     Str const& name() const { return name_; }
     std::size_t indices() const { return indices_.size(); }
     std::size_t items() const;
+    /// The number of items of one index.
+    std::size_t length(std::size_t i) const { return indices_[i].size(); }
     Cell const& get(std::size_t i, std::size_t j) const;
     Cell const& get(Str const& name, std::size_t j) const;
     Cell& at(std::size_t i, std::size_t j);
@@ -37,6 +47,12 @@ public:
 
     /// The first index whose name equals `name`, or npos.
     std::size_t findIndex(Cell const& name) const;
+    /// Index i as a column of `items` cells.
+    Column column(std::size_t i, std::size_t items) const {
+        return {indices_[i], items, sharedEmptyCell()};
+    }
+    /// Index i as a column of this table.
+    Column column(std::size_t i) const { return column(i, items()); }
     /// Adds an index that holds only its name and returns its number.
     std::size_t addIndex(Str const& name);
 
@@ -45,7 +61,56 @@ public:
     Ptr<Table> clone() const;
     std::ostream& display(std::ostream& os, int number) const;
 
+    // The operations of Table, one family per source file. The caller keeps this body alive meanwhile.
+    Status merge(TableImplementation const& operand, Ptr<Table>& result, bool byName) const;
+    Status fill(TableImplementation const& operand, Ptr<Table>& result, int count) const;
+    Status append(TableImplementation const& operand, Ptr<Table>& result, bool addIndices,
+                  bool distinct) const;
+    /// A null operand leaves a copy of this table.
+    Status overlay(TableImplementation const* operand, Ptr<Table>& result,
+                   OverlayFlags const& flags) const;
+    Status select(TableImplementation const& operand, Ptr<Table>& result, bool keepUnmatched,
+                  bool distinct, bool invert) const;
+    Status filter(TableImplementation const& operand, Ptr<Table>& result, bool keepEmpty,
+                  bool exclude) const;
+    Status transpose(Ptr<Table>& result) const;
+    Status sort(TableImplementation const& operand, Ptr<Table>& result, bool ascending) const;
+    Status compare(TableImplementation const& right, Ptr<Table>& result, bool flag) const;
+    bool match(TableImplementation const& right) const;
+    Status operation(TableImplementation const& right, Str const& op, TableImplementation const& templ,
+                     Ptr<Table>& result) const;
+    Status makeTemplate(TableImplementation const& other, Ptr<Table>& result) const;
+    /// Adds the sum of the marked cells to `total`.
+    Status unaryOperation(Str const& op, TableImplementation const& templ, double& total) const;
+
+    /// The data body of a table; an empty one when it has none.
+    static TableImplementation const& of(Table const& table);
+    /// The data body of an operand; raises when the handle is null.
+    static TableImplementation const& required(Ptr<Table const> const& operand,
+                                               char const* complaint = "No operand table provided");
+    /// The data body of a table that an operation has just made.
+    static TableImplementation& made(Ptr<Table> const& table) { return *table->data_; }
+    /// Raises when `result` refers to this body, which overlay and append would otherwise change.
+    void requireOther(Ptr<Table> const& result) const;
+
 private:
+    /// Fills an empty table with this one's cells, padded to a rectangle; leaves it empty when there is
+    /// no item.
+    void copyRectangle(TableImplementation& target) const;
+    /// A copy of an index with empty cells added up to `width` items.
+    static Index padded(Index const& index, std::size_t width);
+    /// A new table of the names row and the given rows, in their order.
+    Ptr<Table> pickRows(Str const& name, Rows const& rows) const;
+    /// A new table without the rows that display like an earlier row.
+    Ptr<Table> pickDistinctTexts() const;
+    /// A selection of the indices that `operand` does not name.
+    Ptr<Table> unnamedBy(TableImplementation const& operand, bool keepUnnamed) const;
+    /// One filter condition: index k of `conditions`, applied to this table.
+    Status filterStep(TableImplementation const& conditions, std::size_t k, Ptr<Table>& result,
+                      bool keepEmpty, bool exclude) const;
+    /// Ok when both tables have as many indices and, at most, as many items.
+    Status checkShape(TableImplementation const& other) const;
+
     /// The cell at a position other than npos; grows the table to it or, if that fails, leaves it as it
     /// was.
     Cell& reach(std::size_t i, std::size_t j);

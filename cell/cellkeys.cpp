@@ -1,0 +1,101 @@
+#include "cell/cellkeys.h"
+
+#include "cell/cellvalue.h"
+
+#include <bit>
+#include <functional>
+
+namespace QX {
+
+namespace {
+
+/// What a key stands for; one per way in which two cells can be equal.
+enum class Match : std::uint64_t { Empty, Text, Number, DateOfText, DateOfNumber, Table, Error };
+
+std::uint64_t key(Match match, std::uint64_t value) {
+    std::uint64_t hash = value + (static_cast<std::uint64_t>(match) << 56U);
+    hash *= 0x9E3779B97F4A7C15U; // spreads neighbouring values over the whole range
+    return hash ^ (hash >> 32U);
+}
+
+std::uint64_t key(Match match, std::string_view text) {
+    return key(match, std::hash<std::string_view>()(text));
+}
+
+std::uint64_t dayKey(Match match, Cell const& cell) {
+    Date date;
+    cell.get(date);
+    return key(match, static_cast<std::uint32_t>(date.days()));
+}
+
+void addNumber(CellKeys& keys, double number) {
+    auto const bits = std::bit_cast<std::uint64_t>(number);
+    keys.add(key(Match::Number, bits));
+    keys.add(key(Match::Number, bits - 1));
+    keys.add(key(Match::Number, bits + 1));
+    if (number == 0) {
+        keys.add(key(Match::Number, std::bit_cast<std::uint64_t>(-number)));
+    }
+}
+
+} // namespace
+
+CellKeys keysOf(Cell const& filed) {
+    CellKeys keys;
+    CellValue const value = valueOf(filed);
+    switch (value.kind) {
+    case Cell::EmptyCell:
+        keys.add(key(Match::Empty, 0));
+        break;
+    case Cell::StringCell:
+        keys.add(key(Match::Text, value.text));
+        if (isDate(value.text)) {
+            keys.add(dayKey(Match::DateOfText, filed));
+        }
+        break;
+    case Cell::NumericCell:
+        keys.add(key(Match::Number, std::bit_cast<std::uint64_t>(value.number.get())));
+        keys.add(dayKey(Match::DateOfNumber, filed));
+        break;
+    case Cell::TableCell:
+        keys.add(key(Match::Table, reinterpret_cast<std::uintptr_t>(value.table)));
+        break;
+    case Cell::ErrorCell:
+        keys.add(key(Match::Error, 0));
+        break;
+    }
+    return keys;
+}
+
+CellKeys keysFor(Cell const& sought) {
+    CellKeys keys;
+    CellValue const value = valueOf(sought);
+    if (sought.empty()) {
+        keys.add(key(Match::Empty, 0)); // an empty cell equals whatever is empty
+    }
+    switch (value.kind) {
+    case Cell::EmptyCell:
+        break;
+    case Cell::StringCell:
+        keys.add(key(Match::Text, value.text));
+        if (isDate(value.text)) {
+            keys.add(dayKey(Match::DateOfNumber, sought));
+        }
+        break;
+    case Cell::NumericCell:
+        addNumber(keys, value.number.get());
+        keys.add(dayKey(Match::DateOfText, sought));
+        break;
+    case Cell::TableCell:
+        keys.add(key(Match::Table, reinterpret_cast<std::uintptr_t>(value.table)));
+        break;
+    case Cell::ErrorCell:
+        keys.add(key(Match::Error, 0));
+        keys.add(
+            key(Match::Text, std::string_view())); // a string cell without characters equals any error
+        break;
+    }
+    return keys;
+}
+
+} // namespace QX

@@ -1,0 +1,67 @@
+#include "cell/displaytext.h"
+#include "table/src/namelookup.h"
+#include "table/src/tableimpl.h"
+
+#include <algorithm>
+#include <string>
+#include <unordered_set>
+#include <utility>
+
+namespace QX {
+
+Status TableImplementation::append(TableImplementation const& operand, Ptr<Table>& result,
+                                   bool addIndices, bool distinct) const {
+    requireOther(result);
+    Ptr<Table> const table = makePtr<Table>(operand.name_ + " and " + name_);
+    result = table;
+    TableImplementation& appended = made(table);
+    copyRectangle(appended);
+    std::size_t const base =
+        std::max<std::size_t>(appended.items(), 1); // where the operand's row 1 goes
+    std::size_t const width = operand.items();
+    NameLookup lookup(appended);
+    for (std::size_t k = 0; k < operand.indices(); ++k) {
+        Str name; // stays empty when the name has no text
+        operand.get(k, 0).get(name, 0);
+        Cell const nameCell(name);
+        std::size_t target = lookup.find(nameCell);
+        if (target == npos) {
+            if (!addIndices) {
+                continue;
+            }
+            target = appended.indices();
+            appended.addIndex(nameCell, 0);
+        }
+        if (width < 2) {
+            continue;
+        }
+        appended.reach(target, base + width - 2);
+        Index& index = appended.indices_[target];
+        for (std::size_t j = 1; j < width; ++j) {
+            index[base + j - 1] = operand.get(k, j);
+        }
+    }
+    if (distinct) {
+        result = appended.pickDistinctTexts();
+    }
+    return Status();
+}
+
+Ptr<Table> TableImplementation::pickDistinctTexts() const {
+    std::unordered_set<std::string> seen;
+    Rows rows;
+    std::size_t const height = items();
+    for (std::size_t j = 0; j < height; ++j) {
+        std::string key;
+        for (std::size_t i = 0; i < indices(); ++i) {
+            key += ':';
+            appendDisplayText(key, get(i, j));
+        }
+        if (seen.insert(std::move(key)).second && j > 0) {
+            rows.push_back(j);
+        }
+    }
+    return pickRows(name_, rows);
+}
+
+} // namespace QX

@@ -1,0 +1,150 @@
+#include "table/src/roworder.h"
+
+#include "cell/cellvalue.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+namespace QX {
+
+namespace {
+
+/// Puts a value in its place among ordered ones unless it is there already. The order need not be an
+/// honest one: the search stays within bounds whatever it answers.
+void insertValue(std::vector<Cell>& values, Cell const& value) {
+    std::size_t low = 0;
+    std::size_t high = values.size();
+    while (low < high) {
+        std::size_t const middle = low + (high - low) / 2;
+        if (value < values[middle]) {
+            high = middle;
+        } else {
+            low = middle + 1;
+        }
+    }
+    if (low == 0 || values[low - 1] < value) {
+        values.insert(values.begin() + static_cast<std::ptrdiff_t>(low), value);
+    }
+}
+
+template <typename Key>
+struct KeyedRow {
+    Key key;
+    std::size_t row;
+};
+
+template <typename Key>
+void stableSort(std::vector<KeyedRow<Key>>& rows, bool ascending) {
+    std::stable_sort(rows.begin(), rows.end(),
+                     [ascending](KeyedRow<Key> const& a, KeyedRow<Key> const& b) {
+                         return ascending ? a.key < b.key : b.key < a.key;
+                     });
+}
+
+template <typename Key>
+void appendRows(Rows& rows, std::vector<KeyedRow<Key>> const& keyed) {
+    for (KeyedRow<Key> const& each : keyed) {
+        rows.push_back(each.row);
+    }
+}
+
+/// The cells of one column by kind, with the rows they stand in.
+struct Split {
+    Rows empty;
+    std::vector<KeyedRow<double>> numbers;
+    std::vector<KeyedRow<std::string_view>> texts;
+    bool honest = true; // false once a cell has been met whose order or equality is not
+
+    void add(Cell const& cell, std::size_t row) {
+        CellValue const value = valueOf(cell);
+        if (cell.empty()) {
+            empty.push_back(row);
+        } else if (value.kind == Cell::StringCell) {
+            texts.push_back({value.text, row});
+        } else if (value.kind == Cell::NumericCell) {
+            double const number = value.number.get();
+            // Next to the smallest double stand both zeros, which the order takes for one.
+            bool const smallest = std::fabs(number) == std::numeric_limits<double>::denorm_min();
+            honest = honest && !std::isnan(number) && !smallest;
+            numbers.push_back({number, row});
+        } else {
+            honest = false;
+        }
+    }
+
+    bool mixesDates() const {
+        return !numbers.empty() && std::any_of(texts.begin(), texts.end(),
+                                               [](auto const& text) { return isDate(text.key); });
+    }
+};
+
+} // namespace
+
+Rows ordered(Column const& column, Rows const& rows, bool ascending) {
+    std::optional<Rows> sorted = orderedBySorting(column, rows, ascending);
+    return sorted ? std::move(*sorted) : orderedByComparing(column, rows, ascending);
+}
+
+Rows orderedByComparing(Column const& column, Rows const& rows, bool ascending) {
+    Rows empty;
+    Rows filled;
+    std::vector<Cell> values;
+    for (std::size_t const row : rows) {
+        if (column[row].empty()) {
+            empty.push_back(row);
+        } else {
+            filled.push_back(row);
+            insertValue(values, column[row]);
+        }
+    }
+    if (!ascending) {
+        std::reverse(values.begin(), values.end());
+    }
+    Rows grouped;
+    for (Cell const& value : values) {
+        std::copy_if(filled.begin(), filled.end(), std::back_inserter(grouped),
+                     [&](std::size_t row) { return column[row].compare(value, false); });
+    }
+    grouped.insert(ascending ? grouped.begin() : grouped.end(), empty.begin(), empty.end());
+    return grouped;
+}
+
+std::optional<Rows> orderedBySorting(Column const& column, Rows const& rows, bool ascending) {
+    Split split;
+    for (std::size_t const row : rows) {
+        split.add(column[row], row);
+        if (!split.honest) {
+            return std::nullopt;
+        }
+    }
+    if (split.mixesDates()) {
+        return std::nullopt;
+    }
+    stableSort(split.numbers, ascending);
+    auto const adjacent =
+        std::adjacent_find(split.numbers.begin(), split.numbers.end(), [](auto const& a, auto const& b) {
+            return a.key != b.key && equalNumbers(a.key, b.key);
+        });
+    if (adjacent != split.numbers.end()) {
+        return std::nullopt;
+    }
+    stableSort(split.texts, ascending);
+    Rows sorted;
+    sorted.reserve(rows.size());
+    if (ascending) {
+        sorted = std::move(split.empty);
+        appendRows(sorted, split.numbers);
+        appendRows(sorted, split.texts);
+    } else {
+        appendRows(sorted, split.texts);
+        appendRows(sorted, split.numbers);
+        sorted.insert(sorted.end(), split.empty.begin(), split.empty.end());
+    }
+    return sorted;
+}
+
+} // namespace QX
