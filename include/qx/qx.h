@@ -7,6 +7,7 @@
 #include "qx/export.h"
 #include "qx/ptr.h"
 #include "qx/table.h"
+#include "qx/tblpath.h"
 #include "qxbase/analyticdouble.h"
 #include "qxbase/report.h"
 #include "qxbase/status.h"
