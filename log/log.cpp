@@ -1,0 +1,139 @@
+#include "qx/log.h"
+
+#include "qxdatetime/datetime.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace QX {
+
+namespace {
+
+std::unique_ptr<std::ostream> openFile(Str const& fileName) {
+    auto file = std::make_unique<std::ofstream>();
+    std::u8string const name(fileName.data(), fileName.data() + fileName.size());
+    if (name.find(u8'\0') == std::u8string::npos) {
+        file->open(std::filesystem::path(name));
+    } else {
+        file->setstate(std::ios::failbit); // the system would replace the file of the name's first part
+    }
+    return file;
+}
+
+} // namespace
+
+Log::Log() : stream_(&std::cout) {
+}
+
+Log::Log(Log const& other)
+    : name_(other.name_), level_(other.level_), stream_(other.stream_), dateDisplay_(other.dateDisplay_),
+      timeDisplay_(other.timeDisplay_) {
+}
+
+Log& Log::operator=(Log const& other) {
+    name_ = other.name_;
+    level_ = other.level_;
+    setStream(other.stream_, owns_ && stream_ == other.stream_);
+    dateDisplay_ = other.dateDisplay_;
+    timeDisplay_ = other.timeDisplay_;
+    return *this;
+}
+
+Log::~Log() {
+    if (owns_ && stream_ != nullptr) {
+        stream_->exceptions(std::ios::goodbit); // a flush that fails must not throw here
+        stream_->flush();
+        delete stream_;
+    }
+}
+
+void Log::setName(Str const& name) {
+    name_ = name;
+}
+
+bool Log::setDateDisplay(bool display) {
+    return std::exchange(dateDisplay_, display);
+}
+
+bool Log::setTimeDisplay(bool display) {
+    return std::exchange(timeDisplay_, display);
+}
+
+Log::LogLevel Log::setLevel(LogLevel newLevel) {
+    if (newLevel == level_) {
+        return level_;
+    }
+    banner();
+    send(Str("Changing Log level to ") + Str::asString(int(newLevel)), level_);
+    LogLevel const former = std::exchange(level_, newLevel);
+    banner();
+    return former;
+}
+
+void Log::setStream(std::ostream* stream, bool owns) {
+    if (owns_ && stream_ != stream) {
+        delete stream_;
+    }
+    stream_ = stream;
+    owns_ = owns;
+}
+
+void Log::setStream(Str const& fileName) {
+    send(Str("Switching log to ") + fileName, level_);
+    setStream(openFile(fileName).release(), true);
+    report();
+}
+
+void Log::send(Str const& text, LogLevel level) {
+    if (prefix(level)) {
+        *stream_ << text << std::endl;
+    }
+}
+
+void Log::send(Report const& report, LogLevel level) {
+    if (prefix(level)) {
+        report.display(*stream_);
+    }
+}
+
+void Log::send(Except const& e, LogLevel level) {
+    if (prefix(level)) {
+        *stream_ << e;
+    }
+}
+
+void Log::banner() {
+    if (stream_ != nullptr) {
+        *stream_ << std::string(88, '=') << std::endl;
+    }
+}
+
+void Log::report() {
+    banner();
+    send(Str("Output Stream ") + name_ + " at level " + Str::asString(int(level_)), Always);
+    banner();
+}
+
+bool Log::prefix(LogLevel level) {
+    if (level > level_ || stream_ == nullptr) {
+        return false;
+    }
+    DateTime now;
+    now.now();
+    if (dateDisplay_) {
+        *stream_ << now.getDate("dd:mmm:yyyy") << ' ';
+    }
+    if (timeDisplay_) {
+        *stream_ << now.getTime("hh:mm:ss") << ' ';
+    }
+    if (level > Always) {
+        *stream_ << name_ << "-Level " << Str::asString(int(level)) << ": ";
+    }
+    return true;
+}
+
+} // namespace QX
