@@ -5,6 +5,7 @@
 #include "qx/cell.h"
 #include "qx/except.h"
 #include "qx/export.h"
+#include "qx/library.h"
 #include "qx/log.h"
 #include "qx/ptr.h"
 #include "qx/table.h"

@@ -1,0 +1,42 @@
+#include "qx/library.h"
+
+#include "qx/cell.h"
+
+namespace QX {
+
+LibraryBase::LibraryBase(int number) : interfaces_{number} {
+}
+
+LibraryBase::~LibraryBase() = default;
+
+void LibraryBase::name(Str const& text) {
+    name_ = text;
+}
+
+Str const LibraryBase::name() const {
+    return name_;
+}
+
+void LibraryBase::version(double number) {
+    version_ = number;
+}
+
+double LibraryBase::version() const {
+    return version_;
+}
+
+Str LibraryBase::interfaces() const {
+    Str listing;
+    for (int const number : interfaces_) {
+        Str text;
+        Cell(double(number)).get(text, 0);
+        listing += text + " ";
+    }
+    return listing;
+}
+
+bool LibraryBase::checkInterface(int number) const {
+    return interfaces_.count(number) != 0;
+}
+
+} // namespace QX
