@@ -1,0 +1,120 @@
+#include "commands.h"
+#include "failure.h"
+#include "reader.h"
+#include "writer.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <iostream>
+
+namespace qxtab {
+
+namespace {
+
+int const failed = 1;
+int const misused = 2;
+
+std::string readDelimiter(std::string& text) {
+    if (text == "tab" || text == "\\t") {
+        text = "\t";
+    }
+    bool const usable = text.size() == 1 && std::strchr("\"\r\n", text.front()) == nullptr;
+    return usable ? "" : "a delimiter is one character, not a quote or a line end, or the word tab";
+}
+
+void addSharedOptions(CLI::App& app, Command const& command, Options& options) {
+    app.add_option("file", options.files, "CSV or TSV file with a header row; - is standard input")
+        ->required()
+        ->expected(static_cast<int>(command.fewestFiles), static_cast<int>(command.mostFiles))
+        ->type_name("FILE");
+    app.add_option("--as", options.as, "What to write")
+        ->check(CLI::IsMember(formatNames()))
+        ->capture_default_str();
+    app.add_option("--head", options.head, "Write only the first N data rows")->type_name("N");
+    app.add_option("--delimiter", options.delimiter,
+                   "What separates the fields of the input: one character or tab; "
+                   "when not given, a tab in files that end in .tsv or .tab, a comma in others")
+        ->transform(CLI::Validator(readDelimiter, "CHAR"));
+}
+
+void add(CLI::App& app, Command const& command, Options& options, Command const*& chosen) {
+    CLI::App& added = *app.add_subcommand(command.name, command.summary);
+    addSharedOptions(added, command, options);
+    if (command.addOptions != nullptr) {
+        command.addOptions(added, options);
+    }
+    added.callback([&chosen, &command] { chosen = &command; });
+}
+
+void checkInputs(Options const& options) {
+    if (std::count(options.files.begin(), options.files.end(), "-") > 1) {
+        throw CLI::ValidationError("file", "standard input can be read only once");
+    }
+}
+
+void run(Command const& command, Options const& options) {
+    Inputs inputs;
+    for (std::string const& file : options.files) {
+        inputs.push_back(readTable(file, options.delimiter));
+    }
+    writeTable(std::cout, command.run(options, inputs), options);
+    if (!std::cout.flush()) {
+        throw Failure(std::string("standard output: ") + std::strerror(errno));
+    }
+}
+
+int tell(std::string const& message, int exitCode) {
+    std::cerr << "qxtab: " << message << '\n';
+    return exitCode;
+}
+
+int runToExitCode(Command const& command, Options const& options) {
+    try {
+        run(command, options);
+        return 0;
+    } catch (QX::Except const& e) {
+        return tell(bytes(e.report().message(false)), failed);
+    } catch (Failure const& e) {
+        return tell(e.what(), failed);
+    } catch (std::bad_alloc const&) {
+        return tell("out of memory", failed);
+    } catch (std::exception const& e) {
+        return tell(e.what(), failed);
+    }
+}
+
+int main(int argc, char** argv) {
+    CLI::App app("Works on tables of values in CSV and TSV files.", "qxtab");
+    app.require_subcommand(1);
+    Options options;
+    Command const* chosen = nullptr;
+    for (Command const& command : commands()) {
+        add(app, command, options, chosen);
+    }
+    try {
+        app.parse(argc, argv);
+        checkInputs(options);
+    } catch (CLI::ParseError const& e) {
+        if (e.get_exit_code() == 0) {
+            return app.exit(e);
+        }
+        return tell(std::string(e.what()) + "\nTry qxtab --help, or --help behind a command.", misused);
+    }
+    return runToExitCode(*chosen, options);
+}
+
+} // namespace
+
+} // namespace qxtab
+
+int main(int argc, char** argv) {
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, SIG_IGN); // a closed pipe is then a write error like any other
+#endif
+    std::ios::sync_with_stdio(false);
+    return qxtab::main(argc, argv);
+}
