@@ -26,6 +26,11 @@ std::string readDelimiter(std::string& text) {
     return usable ? "" : "a delimiter is one character, not a quote or a line end, or the word tab";
 }
 
+std::string checkCount(std::string const& text) {
+    bool const digits = text.find_first_not_of("0123456789") == std::string::npos;
+    return digits ? "" : text + " is not a number of rows";
+}
+
 void addSharedOptions(CLI::App& app, Command const& command, Options& options) {
     app.add_option("file", options.files, "CSV or TSV file with a header row; - is standard input")
         ->required()
@@ -34,7 +39,9 @@ void addSharedOptions(CLI::App& app, Command const& command, Options& options) {
     app.add_option("--as", options.as, "What to write")
         ->check(CLI::IsMember(formatNames()))
         ->capture_default_str();
-    app.add_option("--head", options.head, "Write only the first N data rows")->type_name("N");
+    app.add_option("--head", options.head, "Write only the first N data rows")
+        ->check(CLI::Validator(checkCount, ""))
+        ->type_name("N");
     app.add_option("--delimiter", options.delimiter,
                    "What separates the fields of the input: one character or tab; "
                    "when not given, a tab in files that end in .tsv or .tab, a comma in others")
@@ -50,9 +57,23 @@ void add(CLI::App& app, Command const& command, Options& options, Command const*
     added.callback([&chosen, &command] { chosen = &command; });
 }
 
-void checkInputs(Options const& options) {
+void check(CLI::App const& app, Options const& options, Command const* chosen) {
+    std::vector<std::string> const unknown = app.remaining();
+    if (!unknown.empty()) {
+        char const* const expected = chosen == nullptr ? " is not a command" : " is not an option here";
+        throw CLI::ParseError(unknown.front() + expected, misused);
+    }
+    if (chosen == nullptr) {
+        throw CLI::ParseError("a command is missing", misused);
+    }
     if (std::count(options.files.begin(), options.files.end(), "-") > 1) {
-        throw CLI::ValidationError("file", "standard input can be read only once");
+        throw CLI::ParseError("standard input can be read only once", misused);
+    }
+}
+
+void flushOutput() {
+    if (!std::cout.flush()) {
+        throw Failure(std::string("standard output: ") + std::strerror(errno));
     }
 }
 
@@ -62,9 +83,7 @@ void run(Command const& command, Options const& options) {
         inputs.push_back(readTable(file, options.delimiter));
     }
     writeTable(std::cout, command.run(options, inputs), options);
-    if (!std::cout.flush()) {
-        throw Failure(std::string("standard output: ") + std::strerror(errno));
-    }
+    flushOutput();
 }
 
 int tell(std::string const& message, int exitCode) {
@@ -72,9 +91,10 @@ int tell(std::string const& message, int exitCode) {
     return exitCode;
 }
 
-int runToExitCode(Command const& command, Options const& options) {
+template <typename Action>
+int runToExitCode(Action action) {
     try {
-        run(command, options);
+        action();
         return 0;
     } catch (QX::Except const& e) {
         return tell(bytes(e.report().message(false)), failed);
@@ -89,22 +109,24 @@ int runToExitCode(Command const& command, Options const& options) {
 
 int main(int argc, char** argv) {
     CLI::App app("Works on tables of values in CSV and TSV files.", "qxtab");
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);
     Options options;
     Command const* chosen = nullptr;
     for (Command const& command : commands()) {
         add(app, command, options, chosen);
     }
+    app.allow_extras(); // check() tells a mistyped command by its name
     try {
         app.parse(argc, argv);
-        checkInputs(options);
+        check(app, options, chosen);
     } catch (CLI::ParseError const& e) {
         if (e.get_exit_code() == 0) {
-            return app.exit(e);
+            app.exit(e);
+            return runToExitCode(flushOutput);
         }
         return tell(std::string(e.what()) + "\nTry qxtab --help, or --help behind a command.", misused);
     }
-    return runToExitCode(*chosen, options);
+    return runToExitCode([&] { run(*chosen, options); });
 }
 
 } // namespace

@@ -14,10 +14,11 @@ namespace qxtab {
 /// number, and naming an index by its header's text finds it. A field without any text becomes an empty
 /// cell, a quoted one ("") a string cell without characters.
 ///
-/// A row that is shorter than the header gets empty cells. The extra fields of a longer one go to
-/// further indices named "column N". Both are told on standard error with file and line, ten times at
-/// most and then as a count. Blank lines are skipped, except that they are rows with an empty cell where
-/// the header has one name.
+/// A row that is shorter than the header gets empty cells; the extra fields of a longer one go to
+/// further indices named "column N". Such rows, names that are there twice, and whole numbers that lose
+/// leading zeros or digits are told on standard error with file and line, ten messages at most and then
+/// as a count. Blank lines are skipped, except that they are rows with an empty cell where the header
+/// has one name.
 ///
 /// `delimiter` is one character, or empty: a tab for files that end in .tsv or .tab, else a comma. Text
 /// is taken as it is, apart from a UTF-8 byte order mark at its start.

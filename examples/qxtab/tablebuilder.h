@@ -1,11 +1,13 @@
 #pragma once
 
 #include "csvparser.h"
+#include "notices.h"
 
 #include <qx/qx.h>
 
 #include <set>
 #include <string>
+#include <vector>
 
 namespace qxtab {
 
@@ -22,19 +24,21 @@ public:
     void finish();
 
 private:
-    void endHeader(std::size_t line);
-    void tellLength(std::size_t line);
+    void endHeader();
+    void checkLength();
+    void checkDigits(QX::Cell const& cell);
     void addColumn();
 
     std::string file_;
     QX::Ptr<QX::Table> table_;
+    Notices notices_;
     std::set<std::string> names_;
-    std::string text_;        // of the current field, kept for its storage
-    std::size_t row_ = 0;     // of the next field, 0 being the header
-    std::size_t column_ = 0;  // of the next field
-    std::size_t width_ = 0;   // of the header
-    std::size_t columns_ = 0; // of the table
-    std::size_t odd_ = 0;     // rows that are longer or shorter than the header
+    std::string text_;              // of the current field, kept for its storage
+    std::vector<std::string> told_; // about the current row
+    std::size_t row_ = 0;           // of the next field, 0 being the header
+    std::size_t column_ = 0;        // of the next field
+    std::size_t width_ = 0;         // of the header
+    std::size_t columns_ = 0;       // of the table
 };
 
 } // namespace qxtab

@@ -3,12 +3,20 @@
 #include "celltext.h"
 
 #include <algorithm>
+#include <limits>
 #include <ostream>
 #include <string_view>
 
 namespace qxtab {
 
 namespace {
+
+// Whole numbers are printed as the stream is set: six digits, unless told otherwise.
+void writeIndices(std::ostream& os, QX::Table const& table) {
+    auto const before = os.precision(std::numeric_limits<double>::max_digits10);
+    table.display(os);
+    os.precision(before);
+}
 
 struct Format {
     char const* name;
@@ -17,7 +25,7 @@ struct Format {
 
 Format const formats[] = {
     {"text", writeText},
-    {"indices", [](std::ostream& os, QX::Table const& table) { table.display(os); }},
+    {"indices", writeIndices},
     {"csv", [](std::ostream& os, QX::Table const& table) { writeSeparated(os, table, ','); }},
     {"tsv", [](std::ostream& os, QX::Table const& table) { writeSeparated(os, table, '\t'); }},
     {"json", writeJson},
