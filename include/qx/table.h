@@ -143,6 +143,57 @@ public:
     /// Handles copied from this one before keep the attributes they had.
     void setAttributes(Ptr<Table> table);
 
+    // Values by path
+    //
+    // A path leads through nested tables: steps "name" or "name[item]" joined by the separator, as TblPath
+    // reads them ("/style/colours[2]/red"). Each step is applied to every table that the step before has
+    // reached, so that paths fan out: a step with an item number reaches that item of the named index, one
+    // without reaches items 1, 2, ... up to the largest item count of the table. Cells that are no tables
+    // lead nowhere. The walk stops at a step that has no name or whose number cannot be read.
+    //
+    // Cost: one name lookup for each step and table, then linear in the values reached.
+
+    /// Collects every value that the path reaches, in order.
+    ///
+    /// `result` is made to refer to a new table named "results" of one index, which is named after the last
+    /// step walked and holds the values, shared. A position that a table lacks gives an empty cell. For an
+    /// empty path, or one whose first step stops the walk, it is a table named "Xpath" whose index "base"
+    /// holds this table, shared. Never changes this table. Always returns Ok.
+    ///
+    ///     this                       path       result
+    ///     price 10 20 30             price      price 10 20 30
+    ///                                price[2]   price 20
+    Status XPath(Str const& path, Ptr<Table>& result, char separator = '/') const;
+
+    /// The first value that the path reaches, its body shared; an empty cell when there is none.
+    ///
+    /// An empty path gives a table cell that shares this table. `defaultValue` is never used. Never changes
+    /// this table.
+    Cell atXPath(Str const& path, Cell const& defaultValue, char separator = '/') const;
+
+    /// The value at the path, to read or assign; the last step stands for item 1 unless it has a number.
+    ///
+    /// With `create` false, the steps before the last are walked as above, and the value must lie within the
+    /// item count of the first table reached; an index that lacks it is added or grown all the same. With
+    /// `create` true, each step adds the index that a table lacks, with a new empty table of the step's name
+    /// in item 1, and grows indices to the items it names; so every part of the path is made as needed, but
+    /// no table is put in place of another value.
+    ///
+    /// Returns a reference into the addressed table, valid until that grows. Raises Except "No value at
+    /// specified xpath 'PATH'" when the steps before the last reach no table first, the last step's number
+    /// cannot be read, or the value lies beyond the table's item count without `create`. Raises
+    /// std::length_error or std::bad_alloc for an item beyond any memory; what earlier steps made remains.
+    Cell& atXPath(Str const& path, bool create, char separator = '/');
+
+    /// Keeps `value`, sharing its body, at a path with separator '/' in this table's attributes, which are
+    /// made as needed.
+    ///
+    /// Returns Ok. Raises as atXPath() with `create` true.
+    Status setAttribute(Str const& path, Cell const& value);
+    /// Makes `value` share the body of the first value at a path in this table's attributes, an empty cell
+    /// when there is none. Always returns Ok.
+    Status getAttribute(Str const& path, Cell& value) const;
+
     // Whole-table operations
     //
     // Each reads this table and an operand, builds a new table and makes `result` refer to it; what
@@ -402,6 +453,7 @@ private:
 
     TableImplementation const& body() const;
     Ptr<TableImplementation> heldBody() const;
+    Ptr<Table> pathBase() const;
 
     Ptr<TableImplementation> data_;
     Ptr<TableImplementation> attributes_;

@@ -106,4 +106,16 @@ TableImplementation::Index& TableImplementation::addIndex(Cell const& name, std:
     return indices_.back();
 }
 
+void TableImplementation::addIndex(Cell const& name, std::vector<Cell>&& items) {
+    items.insert(items.begin(), name);
+    indices_.push_back(std::move(items));
+}
+
+Ptr<TableImplementation> TableImplementation::writable(Table& table) {
+    if (!table.data_) {
+        table.data_ = makePtr<TableImplementation>(Str());
+    }
+    return table.data_;
+}
+
 } // namespace QX

@@ -55,6 +55,10 @@ public:
     Column column(std::size_t i) const { return column(i, items()); }
     /// Adds an index that holds only its name and returns its number.
     std::size_t addIndex(Str const& name);
+    /// Adds an index of at least j + 1 items, the first of them `name`.
+    Index& addIndex(Cell const& name, std::size_t j);
+    /// Adds an index of a name and further items.
+    void addIndex(Cell const& name, std::vector<Cell>&& items);
 
     bool check() const;
     /// A deep copy as a new table with empty attributes.
@@ -85,6 +89,10 @@ public:
 
     /// The data body of a table; an empty one when it has none.
     static TableImplementation const& of(Table const& table);
+    /// The data body of a table, shared; a new one that the table does not get when it has none.
+    static Ptr<TableImplementation> held(Table const& table) { return table.heldBody(); }
+    /// The data body of a table to be written to, made where it has none.
+    static Ptr<TableImplementation> writable(Table& table);
     /// The data body of an operand; raises when the handle is null.
     static TableImplementation const& required(Ptr<Table const> const& operand,
                                                char const* complaint = "No operand table provided");
@@ -114,8 +122,6 @@ private:
     /// The cell at a position other than npos; grows the table to it or, if that fails, leaves it as it
     /// was.
     Cell& reach(std::size_t i, std::size_t j);
-    /// Adds an index of at least j + 1 items, the first of them `name`.
-    Index& addIndex(Cell const& name, std::size_t j);
 
     Str name_;
     std::vector<Index> indices_;

@@ -1,0 +1,169 @@
+#include "table/src/pathstep.h"
+#include "table/src/raise.h"
+#include "table/src/tableimpl.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace QX {
+
+namespace {
+
+using Body = Ptr<TableImplementation>;
+
+std::string_view view(Str const& text) {
+    return {text.data(), text.size()};
+}
+
+Str toStr(std::string_view text) {
+    return std::string(text);
+}
+
+/// Follows a path from one table: each step is applied to every table that the step before has reached.
+class Walk {
+public:
+    /// With `create` a step makes the indices and items that it lacks.
+    Walk(Body const& root, bool create) : root_(root), create_(create) {}
+
+    /// Takes the steps of `path`, without the last if that is left to the caller. Stops at a step without
+    /// a name or with a number that cannot be read.
+    void follow(std::string_view path, char separator, bool leaveLast) {
+        while (!path.empty()) {
+            path = skipSeparators(path, separator);
+            PathStep const step = takeStep(path, separator);
+            if (step.name.empty() || (leaveLast && step.last)) {
+                return;
+            }
+            take(step);
+        }
+    }
+
+    /// True once a step has been taken.
+    bool begun() const { return !name_.empty(); }
+    /// The name of the last step taken.
+    std::string_view name() const { return name_; }
+    /// The cells that the last step reached.
+    std::vector<Cell>& values() { return values_; }
+
+    /// The first cell that was reached, as a table to write to; null when it is none. Before the first
+    /// step it is the table that the walk began with.
+    Body firstTable() const {
+        if (!begun()) {
+            return root_;
+        }
+        Ptr<Table> const table = values_.empty() ? Ptr<Table>() : tableOf(values_.front());
+        return table ? TableImplementation::writable(*table) : Body();
+    }
+
+private:
+    void take(PathStep const& step) {
+        std::vector<Cell> const reached = std::exchange(values_, {});
+        Cell const name(toStr(step.name));
+        if (!begun()) {
+            takeFrom(root_, step, name);
+        }
+        name_ = step.name;
+        for (Cell const& cell : reached) {
+            if (Ptr<Table> const table = tableOf(cell)) {
+                takeFrom(create_ ? TableImplementation::writable(*table)
+                                 : TableImplementation::held(*table),
+                         step, name);
+            }
+        }
+    }
+
+    /// Takes one item of the named index or, for a step without a number, every item but the name, as many
+    /// as the table's longest index has.
+    void takeFrom(Body const& table, PathStep const& step, Cell const& name) {
+        std::size_t const index = create_ ? indexMade(*table, step, name) : table->findIndex(name);
+        bool const all = step.item == Table::npos;
+        std::size_t const end = all ? table->items() : step.item + 1;
+        for (std::size_t k = all ? 1 : step.item; k < end; ++k) {
+            values_.push_back(create_ ? table->at(index, k) : table->get(index, k));
+        }
+    }
+
+    /// The named index, added with a new table in item 1 where there is none.
+    static std::size_t indexMade(TableImplementation& table, PathStep const& step, Cell const& name) {
+        std::size_t const index = table.findIndex(name);
+        if (index != Table::npos) {
+            return index;
+        }
+        Cell const nested(makePtr<Table>(toStr(step.name)));
+        std::size_t const item = step.item == Table::npos ? 1 : step.item;
+        table.addIndex(name, std::max<std::size_t>(item, 1))[1] = nested;
+        return table.indices() - 1;
+    }
+
+    Body root_;
+    bool create_;
+    std::string_view name_;
+    std::vector<Cell> values_;
+};
+
+} // namespace
+
+Ptr<Table> Table::pathBase() const {
+    Ptr<Table> const base = makePtr<Table>(Str("Xpath"));
+    base->at(Str("base"), 1) = Cell(makePtr<Table>(data_));
+    return base;
+}
+
+Status Table::XPath(Str const& path, Ptr<Table>& result, char separator) const {
+    Walk walk(heldBody(), false);
+    result = pathBase();
+    walk.follow(view(path), separator, false);
+    if (walk.begun()) {
+        Ptr<Table> const results = makePtr<Table>(Str("results"));
+        TableImplementation::made(results).addIndex(Cell(toStr(walk.name())), std::move(walk.values()));
+        result = results;
+    }
+    return Status();
+}
+
+Cell Table::atXPath(Str const& path, Cell const& /*defaultValue*/, char separator) const {
+    Walk walk(heldBody(), false);
+    walk.follow(view(path), separator, false);
+    if (!walk.begun()) {
+        return pathBase()->get(0, 1);
+    }
+    return walk.values().empty() ? Cell() : walk.values().front();
+}
+
+Cell& Table::atXPath(Str const& path, bool create, char separator) {
+    Ptr<TableImplementation> const root = heldBody();
+    Walk walk(root, create);
+    walk.follow(view(path), separator, true);
+    std::string_view rest = view(path);
+    rest.remove_prefix(rest.rfind(separator) + 1); // npos + 1 is 0: the whole path
+    PathStep const last = takeStep(rest, separator);
+    Ptr<TableImplementation> const table = walk.firstTable();
+    std::size_t const item = last.item == npos ? 1 : last.item;
+    if (!table || !last.readable || (!create && item >= table->items())) {
+        Status failure("No value at specified xpath '", Status::Error, -1);
+        raise(failure << path << "'");
+    }
+    Cell& cell = table->at(toStr(last.name), item);
+    data_ = root;
+    return cell;
+}
+
+Status Table::setAttribute(Str const& path, Cell const& value) {
+    Cell const kept(value); // it may live in the attributes, which may grow
+    Table attributes(attributes_ ? attributes_ : makePtr<TableImplementation>(Str("Attributes")));
+    attributes.atXPath(path, true, '/') = kept;
+    attributes_ = attributes.data_;
+    return Status();
+}
+
+Status Table::getAttribute(Str const& path, Cell& value) const {
+    if (attributes_) {
+        value = Table(attributes_).atXPath(path, Cell(), '/');
+    }
+    return Status();
+}
+
+} // namespace QX
