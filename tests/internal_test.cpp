@@ -1,0 +1,55 @@
+#include "cell/cellempty.h"
+#include "cell/cellerror.h"
+#include "cell/cellnumeric.h"
+#include "cell/cellstring.h"
+#include "cell/celltable.h"
+#include "support.h"
+#include "table/src/tableimpl.h"
+
+namespace QX {
+namespace {
+
+TEST(CellBody, ClonesToABodyOfItsOwn) {
+    Ptr<Table> const held = table("held", {{"A", 1}});
+    AnalyticDouble fraction(5, 2);
+    EXPECT_EQ(CellEmpty().clone()->isA(), Cell::EmptyCell);
+    EXPECT_EQ(printed(Cell(CellNumeric(fraction).clone())), "## 0 1074003968");
+    EXPECT_TRUE(CellNumeric(AnalyticDouble()).clone()->empty());
+    EXPECT_EQ(printed(Cell(CellString("12").clone())), "12");
+    EXPECT_EQ(CellString("12").clone()->isA(), Cell::StringCell) << "the text rule does not apply again";
+    Ptr<CellImplementation> const ofError = CellError(Status("x", Status::Error, -1)).clone();
+    EXPECT_EQ(ofError->isA(), Cell::StringCell);
+    EXPECT_TRUE(ofError->empty());
+    Cell const ofTable(CellTable(held).clone());
+    EXPECT_EQ(printed(ofTable), "Table - held\n");
+    EXPECT_NE(nested(ofTable).get(), held.get());
+}
+
+TEST(CellBody, IsSharedByEveryCellThatHoldsIt) {
+    Ptr<CellImplementation> const body = CellString("x").clone();
+    EXPECT_STREQ(blockOf(body)->location(), "qxdll");
+    Cell const first(body);
+    Ptr<Table> const t = table("t");
+    t->at(2, 2, first);
+    EXPECT_EQ(body.useCount(), 3U);
+    Ptr<Table> const copy = t->clone();
+    EXPECT_EQ(body.useCount(), 4U) << "a deep copy shares what never changes";
+    t->at(2, 2, Cell());
+    EXPECT_EQ(body.useCount(), 3U);
+}
+
+TEST(TableBody, AddsAndFindsIndices) {
+    TableImplementation body("t");
+    EXPECT_EQ(body.findIndex(Cell("A")), TableImplementation::npos);
+    EXPECT_EQ(body.addIndex("A"), 0U);
+    EXPECT_EQ(body.addIndex("2"), 1U);
+    EXPECT_EQ(body.addIndex("A"), 2U);
+    EXPECT_EQ(body.findIndex(Cell("A")), 0U);
+    EXPECT_EQ(body.findIndex(Cell(2)), 1U);
+    EXPECT_EQ(body.findIndex(Cell("2 ")), TableImplementation::npos);
+    EXPECT_EQ(body.indices(), 3U);
+    EXPECT_EQ(body.items(), 1U);
+}
+
+} // namespace
+} // namespace QX

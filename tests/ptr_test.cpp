@@ -1,0 +1,239 @@
+#include "support.h"
+
+#include <new>
+#include <stdexcept>
+#include <type_traits>
+
+namespace QX {
+namespace {
+
+static_assert(sizeof(Ptr<Table>) == 2 * sizeof(void*));
+static_assert(sizeof(PtrRefCount) == 3 * sizeof(void*));
+static_assert(sizeof(Cell) == 3 * sizeof(void*));
+static_assert(!std::is_copy_constructible_v<PtrRefCount>);
+static_assert(std::is_convertible_v<Ptr<Table>, Ptr<Table const>>);
+static_assert(!std::is_convertible_v<Ptr<Table const>, Ptr<Table>>);
+static_assert(!std::is_convertible_v<Table*, Ptr<Table>>);
+
+/// An object that knows how many of its class are alive.
+struct Counted {
+    Counted() { ++alive; }
+    Counted(Counted const&) = delete;
+    Counted& operator=(Counted const&) = delete;
+    virtual ~Counted() { --alive; }
+
+    static inline int alive = 0;
+};
+
+struct Derived : Counted {
+    ~Derived() override { ++ended; }
+
+    static inline int ended = 0;
+};
+
+int calls = 0;
+
+void countCall(PtrRefCount* block, void* /*object*/) {
+    ++calls;
+    delete block;
+}
+
+std::string failureOf(PtrRefCount* block, void* object) {
+    try {
+        PtrRefCount::release(block, object);
+    } catch (std::exception const& e) {
+        return e.what();
+    }
+    return "";
+}
+
+TEST(Ptr, LastHandleEndsTheObject) {
+    Ptr<Counted> first(new Counted);
+    EXPECT_EQ(first.useCount(), 1U);
+    {
+        Ptr<Counted const> const second(first);
+        EXPECT_EQ(second.get(), first.get());
+        EXPECT_EQ(first.useCount(), 2U);
+        first.reset();
+        EXPECT_TRUE(first.isNull());
+        EXPECT_EQ(first.get(), nullptr);
+        EXPECT_EQ(Counted::alive, 1);
+        EXPECT_EQ(second.useCount(), 1U);
+    }
+    EXPECT_EQ(Counted::alive, 0);
+    first.reset();
+    EXPECT_FALSE(first);
+}
+
+TEST(Ptr, EndsADerivedObjectThroughItsBase) {
+    Derived::ended = 0;
+    Ptr<Derived> derived(new Derived);
+    Ptr<Counted> base(derived);
+    derived = nullptr;
+    base = Ptr<Counted>(new Derived);
+    EXPECT_EQ(Derived::ended, 1);
+    base.reset();
+    EXPECT_EQ(Derived::ended, 2);
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST(Ptr, AssignmentKeepsCounts) {
+    Ptr<Counted> a(new Counted);
+    Ptr<Counted> b(a);
+    Ptr<Counted>& self = a;
+    a = self;
+    a = b;
+    EXPECT_EQ(a.useCount(), 2U);
+    a = std::move(self);
+    EXPECT_EQ(a.useCount(), 2U);
+
+    Ptr<Counted> c(new Counted);
+    b = c;
+    EXPECT_EQ(a.useCount(), 1U);
+    EXPECT_EQ(c.useCount(), 2U);
+    EXPECT_EQ(Counted::alive, 2);
+    a = std::move(b);
+    EXPECT_TRUE(b.isNull());
+    EXPECT_EQ(c.useCount(), 2U);
+    EXPECT_EQ(Counted::alive, 1);
+    a.swap(b);
+    EXPECT_TRUE(a.isNull());
+    EXPECT_EQ(b.get(), c.get());
+    b = a;
+    c = nullptr;
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+struct Link : Counted {
+    Ptr<Link> next;
+};
+
+TEST(Ptr, AssignmentFromInsideTheObjectThatItEnds) {
+    Ptr<Link> head(new Link);
+    head->next = Ptr<Link>(new Link);
+    head = head->next;
+    EXPECT_EQ(Counted::alive, 1);
+    EXPECT_EQ(head.useCount(), 1U);
+    head = std::move(head->next);
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST(Ptr, HandleWithoutObjectOrBlockIsNull) {
+    Counted object;
+    Ptr<Counted> const bare(&object, nullptr);
+    EXPECT_TRUE(bare.isNull());
+    EXPECT_EQ(bare.useCount(), 0U);
+    Ptr<Counted> const copy(bare);
+    EXPECT_EQ(copy.get(), nullptr);
+
+    calls = 0;
+    auto* const block = new PtrRefCount("here", &countCall);
+    {
+        Ptr<Counted> empty(nullptr, block);
+        EXPECT_TRUE(empty.isNull());
+        Ptr<Counted const> const shared(empty);
+        EXPECT_EQ(blockOf(shared), nullptr);
+        Ptr<Counted> target(new Counted);
+        target = empty;
+        EXPECT_EQ(blockOf(target), nullptr);
+        EXPECT_EQ(Counted::alive, 1);
+        EXPECT_EQ(block->count(), 1U);
+        EXPECT_EQ(calls, 0);
+        empty = bare;
+        EXPECT_EQ(calls, 1) << "assignment releases a block without an object, too";
+    }
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(Ptr, RunsTheDeleterOfItsBlockOnce) {
+    calls = 0;
+    Counted object;
+    {
+        Ptr<Counted> const first(&object, new PtrRefCount("elsewhere", &countCall));
+        Ptr<Counted> const second(first);
+        EXPECT_EQ(calls, 0);
+    }
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(Counted::alive, 1);
+}
+
+TEST(Ptr, BlocksNameTheirModule) {
+    EXPECT_STREQ(blockOf(Ptr<Counted>(new Counted))->location(), "qxclient");
+    EXPECT_STREQ(blockOf(Table().clone())->location(), "qxdll");
+    EXPECT_STREQ(blockOf(nested(Cell(Ptr<Table>())))->location(), "qxdll");
+}
+
+TEST(Ptr, DeletersRefuseASharedObject) {
+    Ptr<Counted> const own(new Counted);
+    Ptr<Table> const theirs = Table("t").clone();
+    EXPECT_THROW(
+        try { blockOf(own)->remove(own.get()); } catch (std::logic_error const& e) {
+            EXPECT_STREQ(e.what(), "Reference Count non zero");
+            throw;
+        },
+        std::exception);
+    EXPECT_THROW(blockOf(theirs)->remove(theirs.get()), std::logic_error);
+    EXPECT_EQ(Counted::alive, 1);
+    EXPECT_EQ(own.useCount(), 1U);
+    EXPECT_EQ(string(theirs->name()), "t");
+}
+
+TEST(PtrRefCount, CountsUpAndDown) {
+    PtrRefCount block("here", &countCall);
+    EXPECT_EQ(block.count(), 1U);
+    block.increment();
+    EXPECT_FALSE(block.decrement());
+    EXPECT_FALSE(block.canDelete());
+    EXPECT_TRUE(block.decrement());
+    EXPECT_TRUE(block.canDelete());
+    EXPECT_EQ(block.count(), 0U);
+}
+
+TEST(PtrRefCount, AssignmentCopiesEveryField) {
+    PtrRefCount source("source", &countCall);
+    source.increment();
+    auto* const target = new PtrRefCount("target", &PtrRefCount::release);
+    *target = source;
+    EXPECT_EQ(target->count(), 2U);
+    EXPECT_STREQ(target->location(), "source");
+    calls = 0;
+    target->remove(nullptr);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(PtrRefCount, ReleaseFreesWithoutDestroying) {
+    char const tag[] = "qxdll"; // compared by text, not by address
+    auto* const block = new PtrRefCount(tag, &PtrRefCount::release);
+    void* const object = ::operator new(sizeof(Counted));
+    new (object) Counted;
+    block->increment();
+    EXPECT_EQ(failureOf(block, object), "Reference Count non zero");
+    block->decrement();
+    block->decrement();
+    EXPECT_EQ(failureOf(block, object), "");
+    EXPECT_EQ(Counted::alive, 1);
+    Counted::alive = 0;
+}
+
+TEST(PtrRefCount, ReleaseLooksAtTheModuleFirst) {
+    for (char const* const tag : {"qxdl", "qxdll2", "QXDLL", "qxclient", ""}) {
+        SCOPED_TRACE(tag);
+        PtrRefCount block(tag, &PtrRefCount::release);
+        EXPECT_EQ(failureOf(&block, nullptr), "Deletion across dll boundary");
+        block.decrement();
+        EXPECT_EQ(failureOf(&block, nullptr), "Deletion across dll boundary");
+        EXPECT_STREQ(block.location(), tag);
+    }
+}
+
+TEST(PtrRefCount, DestructionClearsTheModule) {
+    alignas(PtrRefCount) unsigned char storage[sizeof(PtrRefCount)];
+    auto* const block = new (storage) PtrRefCount("here", &countCall);
+    block->~PtrRefCount();
+    void* location = storage;
+    std::memcpy(&location, storage + 2 * sizeof(void*), sizeof location);
+    EXPECT_EQ(location, nullptr);
+}
+
+} // namespace
+} // namespace QX

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <qx/qx.h>
+
+#include <cstring>
+#include <initializer_list>
+#include <sstream>
+#include <string>
+
+namespace QX {
+
+/// What builds one cell of a table in a test: a number, a text under the text rule, a status, a handle
+/// or a cell.
+struct Item {
+    template <typename T>
+    Item(T const& value) : cell(value) {}
+
+    Cell cell;
+};
+
+/// table("prices", {{"fruit", "apple", "pear"}, {"price", 3, 4.5}}): one inner list per index.
+inline Ptr<Table> table(Str const& name,
+                        std::initializer_list<std::initializer_list<Item>> indices = {}) {
+    Ptr<Table> made(new Table(name));
+    std::size_t i = 0;
+    for (auto const& index : indices) {
+        std::size_t j = 0;
+        for (Item const& item : index) {
+            made->at(i, j++, item.cell);
+        }
+        ++i;
+    }
+    return made;
+}
+
+inline std::string string(Str const& text) {
+    return std::string(text.data(), text.size());
+}
+
+/// The outcome of a call: "Ok", or the message of a failure, with the state and code of one that has
+/// others than Error and -1.
+inline std::string outcome(Status const& status) {
+    if (status.ok()) {
+        return status.code() == 0 && status.message(false).empty() ? "Ok" : "Ok, but not as made";
+    }
+    std::string text = string(status.message(false));
+    if (status.state() != Status::Error || status.code() != -1) {
+        text += " (state " + std::to_string(status.state()) + ", code " + std::to_string(status.code()) +
+                ")";
+    }
+    return text;
+}
+
+/// What `write` writes to a stream with default formatting.
+template <typename Write>
+std::string written(Write const& write) {
+    std::ostringstream os;
+    write(os);
+    return os.str();
+}
+
+/// The printed form of a cell.
+inline std::string printed(Cell const& cell) {
+    return written([&](std::ostream& os) { os << cell; });
+}
+
+/// The ordinary text of a cell, or the failure in angle brackets.
+inline std::string text(Cell const& cell, int precision = 0) {
+    Str out;
+    Status const status = cell.get(out, precision);
+    return status.ok() ? string(out) : "<" + outcome(status) + ">";
+}
+
+/// The printed form of a table and of those nested in it.
+inline std::string shown(Table const& table, int number = -1) {
+    return written([&](std::ostream& os) { table.display(os, number); });
+}
+
+inline Ptr<Table> nested(Cell const& cell) {
+    Ptr<Table> table;
+    cell.get(table);
+    return table;
+}
+
+/// A number that is not valid.
+inline Cell undefined(double value = 0) {
+    AnalyticDouble number;
+    number.value = value;
+    return Cell(number);
+}
+
+/// True for the cell that stands in for every position that does not exist.
+inline bool isShared(Cell const& cell) {
+    return &cell == &Table().get(0, 0);
+}
+
+/// The number of items that index i really has.
+inline std::size_t length(Table const& table, std::size_t i) {
+    std::size_t items = 0;
+    while (!isShared(table.get(i, items))) {
+        ++items;
+    }
+    return items;
+}
+
+/// The second field of a handle, whose layout callers in other modules rely on.
+template <typename T>
+PtrRefCount* blockOf(Ptr<T> const& handle) {
+    void* fields[2];
+    static_assert(sizeof fields == sizeof handle);
+    std::memcpy(fields, static_cast<void const*>(&handle), sizeof fields);
+    return static_cast<PtrRefCount*>(fields[1]);
+}
+
+} // namespace QX
