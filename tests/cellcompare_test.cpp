@@ -128,7 +128,7 @@ TEST(CellOrder, TablesAreEqualAsObjects) {
 
 TEST(CellOrder, TablesOrderByTheirShape) {
     Cell const wide(table("a", {{1, 2, 3, 4, 5}, {1}}));
-    Cell const tall(table("b", {{1, 2, 3, 4}, {}, {}}));
+    Cell const tall(table("b", {{1, 2, 3, 4}, {}, {1}}));
     Cell const same(table("c", {{}, {1, 2, 3, 4, 5}}));
     Cell const bodiless(Ptr<Table>(new Table(Ptr<TableImplementation>())));
     EXPECT_TRUE(wide < tall);

@@ -20,6 +20,7 @@ struct Item {
 };
 
 /// table("prices", {{"fruit", "apple", "pear"}, {"price", 3, 4.5}}): one inner list per index.
+/// An index without items needs one with items behind it.
 inline Ptr<Table> table(Str const& name,
                         std::initializer_list<std::initializer_list<Item>> indices = {}) {
     Ptr<Table> made(new Table(name));

@@ -110,10 +110,13 @@ TEST(Table, GrowingAccessReachesEveryPosition) {
 TEST(Table, StoringAccessSharesTheBody) {
     Cell const cell(table("nested"));
     Ptr<Table> const t = sample();
-    EXPECT_EQ(&t->at(3, 2, cell), &t->get(3, 2));
-    EXPECT_EQ(nested(t->get(3, 2)).get(), nested(cell).get());
-    EXPECT_EQ(&t->at("B", 0, Cell("b")), &t->get(1, 0));
-    EXPECT_EQ(&t->at(Str("C"), 1, Cell(5)), &t->get(4, 1));
+    Cell const& stored = t->at(3, 2, cell);
+    EXPECT_EQ(&stored, &t->get(3, 2));
+    EXPECT_EQ(nested(stored).get(), nested(cell).get());
+    Cell const& name = t->at("B", 0, Cell("b"));
+    EXPECT_EQ(&name, &t->get(1, 0));
+    Cell const& added = t->at(Str("C"), 1, Cell(5));
+    EXPECT_EQ(&added, &t->get(4, 1));
     t->at(0, 0, Cell("a"));
     t->at(0, 3, Cell());
     EXPECT_EQ(shape(*t), "4 2 0 3 2");
