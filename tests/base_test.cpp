@@ -18,11 +18,10 @@ struct Order {
     int folded;
 };
 
-Order const orders[] = {
-    {"", "", 0, 0},          {"", "a", -1, -1},         {"a", "ab", -1, -1},   {"a", "A", 1, 0},
-    {"B", "a", -1, 1},       {"Zebra", "zebra", -1, 0}, {"_", "a", -1, -1},    {"_", "A", 1, -1},
-    {"\xc3\xa4", "z", 1, 1}, {"\xc4", "\xe4", -1, -1},  {"abC", "aBd", 1, -1}, {"[", "a", -1, -1},
-};
+Order const orders[] = {{"", "", 0, 0},           {"", "a", -1, -1},     {"a", "ab", -1, -1},
+                        {"a", "A", 1, 0},         {"B", "a", -1, 1},     {"Zebra", "zebra", -1, 0},
+                        {"_", "a", -1, -1},       {"_", "A", 1, -1},     {"\xc3\xa4", "z", 1, 1},
+                        {"\xc4", "\xe4", -1, -1}, {"abC", "aBd", 1, -1}, {"[", "a", -1, -1}};
 
 TEST(Str, OrdersByUnsignedByte) {
     for (Order const& row : orders) {
@@ -75,8 +74,7 @@ struct NumberText {
 NumberText const numberTexts[] = {
     {0.0, "0"},      {-0.0, "-0"},        {100000, "100000"}, {-999999999999999.0, "-999999999999999"},
     {1e15, "1e+15"}, {0.1, "0.1"},        {2.5, "2.5"},       {1e-7, "1e-07"},
-    {NAN, "nan"},    {-INFINITY, "-inf"}, {INFINITY, "inf"},  {5e-324, "5e-324"},
-};
+    {NAN, "nan"},    {-INFINITY, "-inf"}, {INFINITY, "inf"},  {5e-324, "5e-324"}};
 
 TEST(Str, WritesNumbers) {
     for (NumberText const& row : numberTexts) {
@@ -108,16 +106,14 @@ struct Marked {
     char const* marked;
 };
 
-Marked const markedTexts[] = {
-    {"x", Status::Ok, "x"},
-    {"x", Status::Warning, "#Err: x"},
-    {"x", Status::Error, "#Err: x"},
-    {"x", Status::Critical, "#Critical: x"},
-    {"", Status::Error, "#Err: "},
-    {"#eRR: x", Status::Critical, "#eRR: x"},
-    {"#CRITICAL: x", Status::Error, "#CRITICAL: x"},
-    {"#Err:x", Status::Error, "#Err: #Err:x"},
-};
+Marked const markedTexts[] = {{"x", Status::Ok, "x"},
+                              {"x", Status::Warning, "#Err: x"},
+                              {"x", Status::Error, "#Err: x"},
+                              {"x", Status::Critical, "#Critical: x"},
+                              {"", Status::Error, "#Err: "},
+                              {"#eRR: x", Status::Critical, "#eRR: x"},
+                              {"#CRITICAL: x", Status::Error, "#CRITICAL: x"},
+                              {"#Err:x", Status::Error, "#Err: #Err:x"}};
 
 TEST(Status, MarkedMessageReadsBackAsAnError) {
     for (Marked const& row : markedTexts) {
@@ -135,13 +131,6 @@ TEST(Report, WritesItsPlace) {
     EXPECT_EQ(written([&](std::ostream& os) { Report(status, "", 3).display(os); }), "x\n");
     EXPECT_EQ(written([&](std::ostream& os) { Report().display(os); }), "\n");
     EXPECT_EQ(outcome(Report(status, "a.cpp", 3)), "x (state 3, code 4)");
-}
-
-AnalyticDouble number(double value, bool valid = true) {
-    AnalyticDouble made;
-    made.value = value;
-    made.valid = valid;
-    return made;
 }
 
 std::string show(AnalyticDouble const& value) {

@@ -16,17 +16,15 @@ struct Kind {
 
 TEST(CellOrder, BothMatricesHold) {
     Ptr<Table> const shared = table("t");
-    Kind const kinds[] = {
-        {"empty", Cell(), "110000100", "111111111"},
-        {"empty text", Cell(""), "010000001", "101100010"},
-        {"text", Cell("abc"), "001000000", "100000010"},
-        {"date", Cell("1970-01-13"), "000110000", "101001110"},
-        {"12", Cell(12), "000110000", "011000000"},
-        {"3", Cell(3), "000001000", "011010000"},
-        {"undefined", undefined(), "000000100", "011011000"},
-        {"table", Cell(shared), "000000010", "000000000"},
-        {"error", Cell(Status("x", Status::Error, -1)), "000000001", "000000000"},
-    };
+    Kind const kinds[] = {{"empty", Cell(), "110000100", "111111111"},
+                          {"empty text", Cell(""), "010000001", "101100010"},
+                          {"text", Cell("abc"), "001000000", "100000010"},
+                          {"date", Cell("1970-01-13"), "000110000", "101001110"},
+                          {"12", Cell(12), "000110000", "011000000"},
+                          {"3", Cell(3), "000001000", "011010000"},
+                          {"undefined", undefined(), "000000100", "011011000"},
+                          {"table", Cell(shared), "000000010", "000000000"},
+                          {"error", Cell(Status("x", Status::Error, -1)), "000000001", "000000000"}};
     for (Kind const& row : kinds) {
         std::string equals;
         std::string folded;
@@ -69,27 +67,25 @@ TEST(CellOrder, NumbersEqualTheirNeighbours) {
     double const least = std::numeric_limits<double>::denorm_min();
     double const greatest = std::numeric_limits<double>::max();
     double const one = std::nextafter(1.0, 2.0);
-    Numbers const rows[] = {
-        {0.1 + 0.2, 0.3, true},
-        {1.0, one, true},
-        {1.0, std::nextafter(one, 2.0), false},
-        {-1.0, -one, true},
-        {-1.0, std::nextafter(-one, -2.0), false},
-        {1.0, -1.0, false},
-        {0.0, -0.0, true},
-        {0.0, least, true},
-        {-0.0, least, false},
-        {-0.0, -least, true},
-        {-least, least, false},
-        {greatest, INFINITY, true},
-        {greatest, -greatest, false},
-        {INFINITY, INFINITY, true},
-        {INFINITY, -INFINITY, false},
-        {nan, nan, true},
-        {nan, std::copysign(nan, -1.0), false},
-        {nan, 1.0, false},
-        {nan, INFINITY, false},
-    };
+    Numbers const rows[] = {{0.1 + 0.2, 0.3, true},
+                            {1.0, one, true},
+                            {1.0, std::nextafter(one, 2.0), false},
+                            {-1.0, -one, true},
+                            {-1.0, std::nextafter(-one, -2.0), false},
+                            {1.0, -1.0, false},
+                            {0.0, -0.0, true},
+                            {0.0, least, true},
+                            {-0.0, least, false},
+                            {-0.0, -least, true},
+                            {-least, least, false},
+                            {greatest, INFINITY, true},
+                            {greatest, -greatest, false},
+                            {INFINITY, INFINITY, true},
+                            {INFINITY, -INFINITY, false},
+                            {nan, nan, true},
+                            {nan, std::copysign(nan, -1.0), false},
+                            {nan, 1.0, false},
+                            {nan, INFINITY, false}};
     for (Numbers const& row : rows) {
         SCOPED_TRACE(text(Cell(row.left)) + " and " + text(Cell(row.right)));
         EXPECT_EQ(Cell(row.left).compare(Cell(row.right), false), row.equal);

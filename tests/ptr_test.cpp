@@ -38,9 +38,10 @@ void countCall(PtrRefCount* block, void* /*object*/) {
     delete block;
 }
 
-std::string failureOf(PtrRefCount* block, void* object) {
+template <typename Call>
+std::string failureOf(Call const& call) {
     try {
-        PtrRefCount::release(block, object);
+        call();
     } catch (std::exception const& e) {
         return e.what();
     }
@@ -145,18 +146,6 @@ TEST(Ptr, HandleWithoutObjectOrBlockIsNull) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST(Ptr, RunsTheDeleterOfItsBlockOnce) {
-    calls = 0;
-    Counted object;
-    {
-        Ptr<Counted> const first(&object, new PtrRefCount("elsewhere", &countCall));
-        Ptr<Counted> const second(first);
-        EXPECT_EQ(calls, 0);
-    }
-    EXPECT_EQ(calls, 1);
-    EXPECT_EQ(Counted::alive, 1);
-}
-
 TEST(Ptr, BlocksNameTheirModule) {
     EXPECT_STREQ(blockOf(Ptr<Counted>(new Counted))->location(), "qxclient");
     EXPECT_STREQ(blockOf(Table().clone())->location(), "qxdll");
@@ -166,27 +155,10 @@ TEST(Ptr, BlocksNameTheirModule) {
 TEST(Ptr, DeletersRefuseASharedObject) {
     Ptr<Counted> const own(new Counted);
     Ptr<Table> const theirs = Table("t").clone();
-    EXPECT_THROW(
-        try { blockOf(own)->remove(own.get()); } catch (std::logic_error const& e) {
-            EXPECT_STREQ(e.what(), "Reference Count non zero");
-            throw;
-        },
-        std::exception);
-    EXPECT_THROW(blockOf(theirs)->remove(theirs.get()), std::logic_error);
+    EXPECT_EQ(failureOf([&] { blockOf(own)->remove(own.get()); }), "Reference Count non zero");
+    EXPECT_EQ(failureOf([&] { blockOf(theirs)->remove(theirs.get()); }), "Reference Count non zero");
     EXPECT_EQ(Counted::alive, 1);
-    EXPECT_EQ(own.useCount(), 1U);
     EXPECT_EQ(string(theirs->name()), "t");
-}
-
-TEST(PtrRefCount, CountsUpAndDown) {
-    PtrRefCount block("here", &countCall);
-    EXPECT_EQ(block.count(), 1U);
-    block.increment();
-    EXPECT_FALSE(block.decrement());
-    EXPECT_FALSE(block.canDelete());
-    EXPECT_TRUE(block.decrement());
-    EXPECT_TRUE(block.canDelete());
-    EXPECT_EQ(block.count(), 0U);
 }
 
 TEST(PtrRefCount, AssignmentCopiesEveryField) {
@@ -207,10 +179,12 @@ TEST(PtrRefCount, ReleaseFreesWithoutDestroying) {
     void* const object = ::operator new(sizeof(Counted));
     new (object) Counted;
     block->increment();
-    EXPECT_EQ(failureOf(block, object), "Reference Count non zero");
-    block->decrement();
-    block->decrement();
-    EXPECT_EQ(failureOf(block, object), "");
+    EXPECT_EQ(failureOf([&] { PtrRefCount::release(block, object); }), "Reference Count non zero");
+    EXPECT_FALSE(block->decrement());
+    EXPECT_FALSE(block->canDelete());
+    EXPECT_TRUE(block->decrement());
+    EXPECT_TRUE(block->canDelete());
+    EXPECT_EQ(failureOf([&] { PtrRefCount::release(block, object); }), "");
     EXPECT_EQ(Counted::alive, 1);
     Counted::alive = 0;
 }
@@ -219,9 +193,11 @@ TEST(PtrRefCount, ReleaseLooksAtTheModuleFirst) {
     for (char const* const tag : {"qxdl", "qxdll2", "QXDLL", "qxclient", ""}) {
         SCOPED_TRACE(tag);
         PtrRefCount block(tag, &PtrRefCount::release);
-        EXPECT_EQ(failureOf(&block, nullptr), "Deletion across dll boundary");
+        EXPECT_EQ(failureOf([&] { PtrRefCount::release(&block, nullptr); }),
+                  "Deletion across dll boundary");
         block.decrement();
-        EXPECT_EQ(failureOf(&block, nullptr), "Deletion across dll boundary");
+        EXPECT_EQ(failureOf([&] { PtrRefCount::release(&block, nullptr); }),
+                  "Deletion across dll boundary");
         EXPECT_STREQ(block.location(), tag);
     }
 }

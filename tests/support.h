@@ -84,11 +84,16 @@ inline Ptr<Table> nested(Cell const& cell) {
     return table;
 }
 
-/// A number that is not valid.
+inline AnalyticDouble number(double value, bool valid = true) {
+    AnalyticDouble made;
+    made.value = value;
+    made.valid = valid;
+    return made;
+}
+
+/// The cell of a number that is not valid.
 inline Cell undefined(double value = 0) {
-    AnalyticDouble number;
-    number.value = value;
-    return Cell(number);
+    return Cell(number(value, false));
 }
 
 /// True for the cell that stands in for every position that does not exist.

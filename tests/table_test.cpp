@@ -32,14 +32,8 @@ TEST(Table, StartsEmpty) {
     EXPECT_EQ(unnamed.indices(), 0U);
     EXPECT_EQ(unnamed.items(0), 0U);
     EXPECT_TRUE(isShared(unnamed.get(0, 0)));
-    EXPECT_EQ(string(Table("n").name()), "n");
-}
-
-TEST(Table, ItemsIsTheLongestIndex) {
-    Ptr<Table> const t = table("t", {{1}, {1, 2, 3, 4, 5}, {1, 2, 3}});
-    EXPECT_EQ(t->items(7), 5U);
-    EXPECT_EQ(t->items(0), 5U);
-    EXPECT_EQ(t->items(npos), 5U);
+    EXPECT_EQ(sample()->items(7), 4U) << "the longest index, whatever the argument";
+    EXPECT_EQ(table("n", {{1}, {1, 2}})->items(0), 2U);
 }
 
 TEST(Table, ConstAccessNeverGrows) {
@@ -86,8 +80,7 @@ TEST(Table, GrowingAccessReachesEveryPosition) {
         {"name, append", [](Table& t) -> Cell& { return t.at("B", npos); }, "4 3", 1, 2},
         {"new name, append", [](Table& t) -> Cell& { return t.at("C", npos); }, "4 2 2", 2, 1},
         {"new name, far", [](Table& t) -> Cell& { return t.at("C", 4); }, "4 2 5", 2, 4},
-        {"new name itself", [](Table& t) -> Cell& { return t.at("C", 0); }, "4 2 1", 2, 0},
-    };
+        {"new name itself", [](Table& t) -> Cell& { return t.at("C", 0); }, "4 2 1", 2, 0}};
     for (Growth const& row : rows) {
         SCOPED_TRACE(row.name);
         Ptr<Table> const t = sample();
@@ -165,8 +158,7 @@ TEST(Table, NamesMatchAsCells) {
         {"2.0", "two"},       {" 2", "two"},        {"2 ", "[Empty]"},
         {"0.3", "neighbour"}, {"12", "date"},       {"## 0 1073741824", "two"},
         {"#Err: y", "error"}, {"[Empty]", "empty"}, {"", "error"},
-        {"B", "[Empty]"},
-    };
+        {"B", "[Empty]"}};
     for (auto const& [name, value] : rows) {
         EXPECT_EQ(printed(t->get(name, 1)), std::string(name).empty() ? "empty" : value) << name;
     }
@@ -183,8 +175,7 @@ TEST(Table, PositionsBeyondMemoryLeaveItUnchanged) {
         [](Table& t) { t.at(5, npos - 1); },          [](Table& t) { t.at(npos, npos - 1); },
         [](Table& t) { t.at("A", npos - 1); },        [](Table& t) { t.at("C", npos - 1); },
         [](Table& t) { t.at(npos - 1, 0, Cell(1)); }, [](Table& t) { t.at(-2, 0, Cell(1)); },
-        [](Table& t) { t.at(5, npos - 1, Cell(1)); }, [](Table& t) { t.at("C", npos - 1, Cell(1)); },
-    };
+        [](Table& t) { t.at(5, npos - 1, Cell(1)); }, [](Table& t) { t.at("C", npos - 1, Cell(1)); }};
     for (auto const& access : accesses) {
         Ptr<Table> const t = sample();
         Table bodiless{Ptr<TableImplementation>()};
