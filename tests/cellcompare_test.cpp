@@ -67,25 +67,27 @@ TEST(CellOrder, NumbersEqualTheirNeighbours) {
     double const least = std::numeric_limits<double>::denorm_min();
     double const greatest = std::numeric_limits<double>::max();
     double const one = std::nextafter(1.0, 2.0);
-    Numbers const rows[] = {{0.1 + 0.2, 0.3, true},
-                            {1.0, one, true},
-                            {1.0, std::nextafter(one, 2.0), false},
-                            {-1.0, -one, true},
-                            {-1.0, std::nextafter(-one, -2.0), false},
-                            {1.0, -1.0, false},
-                            {0.0, -0.0, true},
-                            {0.0, least, true},
-                            {-0.0, least, false},
-                            {-0.0, -least, true},
-                            {-least, least, false},
-                            {greatest, INFINITY, true},
-                            {greatest, -greatest, false},
-                            {INFINITY, INFINITY, true},
-                            {INFINITY, -INFINITY, false},
-                            {nan, nan, true},
-                            {nan, std::copysign(nan, -1.0), false},
-                            {nan, 1.0, false},
-                            {nan, INFINITY, false}};
+    Numbers const rows[] = {
+        {0.1 + 0.2, 0.3, true},
+        {1.0, one, true},
+        {1.0, std::nextafter(one, 2.0), false},
+        {-1.0, -one, true},
+        {-1.0, std::nextafter(-one, -2.0), false},
+        {1.0, -1.0, false},
+        {0.0, -0.0, true},
+        {0.0, least, true},
+        {-0.0, least, false},
+        {-0.0, -least, true},
+        {-least, least, false},
+        {greatest, INFINITY, true},
+        {greatest, -greatest, false},
+        {INFINITY, INFINITY, true},
+        {INFINITY, -INFINITY, false},
+        {nan, nan, true},
+        {nan, std::copysign(nan, -1.0), false},
+        {nan, 1.0, false},
+        {nan, INFINITY, false},
+    };
     for (Numbers const& row : rows) {
         SCOPED_TRACE(text(Cell(row.left)) + " and " + text(Cell(row.right)));
         EXPECT_EQ(Cell(row.left).compare(Cell(row.right), false), row.equal);

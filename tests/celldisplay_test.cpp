@@ -13,24 +13,26 @@ struct Display {
 };
 
 TEST(CellDisplay, OfEveryKind) {
-    Display const rows[] = {{Cell(), "[Empty]"},
-                            {Cell(""), ""},
-                            {Cell(" a b "), " a b "},
-                            {Cell(3.0), "3"},
-                            {Cell(-0.0), "-0"},
-                            {Cell(1234567), "1.23457e+06"},
-                            {Cell(2147483647), "2.14748e+09"},
-                            {Cell(12.5), "## 0 1076428800"},
-                            {Cell(-0.5), "## 0 -1075838976"},
-                            {Cell(0.1), "## -1717986918 1069128089"},
-                            {Cell(3e9), "## -1073741824 1105615371"},
-                            {Cell(std::nextafter(2.0, 3.0)), "2"},
-                            {Cell(INFINITY), "inf"},
-                            {undefined(2.5), "[Undefined]"},
-                            {undefined(3), "[Undefined]"},
-                            {Cell(Status("x", Status::Error, -1)), ""},
-                            {Cell("#Err: x"), ""},
-                            {Cell(table("t", {{"A", 1}})), "Table - t\nIndex 0 <A> 1 \n"}};
+    Display const rows[] = {
+        {Cell(), "[Empty]"},
+        {Cell(""), ""},
+        {Cell(" a b "), " a b "},
+        {Cell(3.0), "3"},
+        {Cell(-0.0), "-0"},
+        {Cell(1234567), "1.23457e+06"},
+        {Cell(2147483647), "2.14748e+09"},
+        {Cell(12.5), "## 0 1076428800"},
+        {Cell(-0.5), "## 0 -1075838976"},
+        {Cell(0.1), "## -1717986918 1069128089"},
+        {Cell(3e9), "## -1073741824 1105615371"},
+        {Cell(std::nextafter(2.0, 3.0)), "2"},
+        {Cell(INFINITY), "inf"},
+        {undefined(2.5), "[Undefined]"},
+        {undefined(3), "[Undefined]"},
+        {Cell(Status("x", Status::Error, -1)), ""},
+        {Cell("#Err: x"), ""},
+        {Cell(table("t", {{"A", 1}})), "Table - t\nIndex 0 <A> 1 \n"},
+    };
     for (Display const& row : rows) {
         EXPECT_EQ(printed(row.cell), row.text);
         std::ostringstream os;
@@ -63,18 +65,20 @@ TEST(CellDisplay, FollowsTheStreamsFormatting) {
     auto const plus = [](std::ostream& os) { os << std::showpos; };
     auto const precise = [](std::ostream& os) { os << std::setprecision(12); };
     auto const logical = [](std::ostream& os) { os << std::boolalpha; };
-    Formatted const rows[] = {{hex, Cell(12.5), "## 0 0x40290000"},
-                              {hex, Cell(12), "12"},
-                              {plus, Cell(12.5), "## +0 +1076428800"},
-                              {plus, Cell(12), "+12"},
-                              {wide, Cell(12), ".......12"},
-                              {left, Cell(12), "12......."},
-                              {wide, Cell(), "..[Empty]"},
-                              {wide, Cell("abc"), "......abc"},
-                              {fixed, Cell(12), "12.00"},
-                              {fixed, Cell(12.5), "## 0 1076428800"},
-                              {precise, Cell(1234567), "1234567"},
-                              {logical, Cell(1), "1"}};
+    Formatted const rows[] = {
+        {hex, Cell(12.5), "## 0 0x40290000"},
+        {hex, Cell(12), "12"},
+        {plus, Cell(12.5), "## +0 +1076428800"},
+        {plus, Cell(12), "+12"},
+        {wide, Cell(12), ".......12"},
+        {left, Cell(12), "12......."},
+        {wide, Cell(), "..[Empty]"},
+        {wide, Cell("abc"), "......abc"},
+        {fixed, Cell(12), "12.00"},
+        {fixed, Cell(12.5), "## 0 1076428800"},
+        {precise, Cell(1234567), "1234567"},
+        {logical, Cell(1), "1"},
+    };
     for (Formatted const& row : rows) {
         std::string const text = written([&](std::ostream& os) {
             row.format(os);

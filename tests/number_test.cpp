@@ -271,26 +271,28 @@ struct Precision {
 };
 
 TEST(NumberText, PrecisionChoosesTheForm) {
-    Precision const rows[] = {{Cell(2.5), 2, "2.50"},
-                              {Cell(2.5), 0, "2.5"},
-                              {Cell(2.5), -1, "## 0 1074003968"},
-                              {Cell(2.5), -2, "2.5"},
-                              {Cell(3.0), 2, "3"},
-                              {Cell(3.0), -1, "3"},
-                              {Cell(3e9), -1, "## -1073741824 1105615371"},
-                              {Cell(3e9), 1, "3000000000.0"},
-                              {Cell(-0.25), 1, "-0.2"},
-                              {Cell(0.1), 20, "0.10000000000000000555"},
-                              {Cell(NAN), 0, "nan"},
-                              {Cell(INFINITY), 2, "inf"},
-                              {Cell(std::nextafter(2.0, 3.0)), 3, "2.0000000000000004"},
-                              {undefined(2.5), 0, "2.5"},
-                              {undefined(2.5), 1, "NULL"},
-                              {undefined(2.5), -1, "NULL"},
-                              {undefined(3), -2, "NULL"},
-                              {Cell("abc"), -1, "abc"},
-                              {Cell(), 3, ""},
-                              {Cell(Status("x", Status::Critical, 5)), 3, "#Critical: x"}};
+    Precision const rows[] = {
+        {Cell(2.5), 2, "2.50"},
+        {Cell(2.5), 0, "2.5"},
+        {Cell(2.5), -1, "## 0 1074003968"},
+        {Cell(2.5), -2, "2.5"},
+        {Cell(3.0), 2, "3"},
+        {Cell(3.0), -1, "3"},
+        {Cell(3e9), -1, "## -1073741824 1105615371"},
+        {Cell(3e9), 1, "3000000000.0"},
+        {Cell(-0.25), 1, "-0.2"},
+        {Cell(0.1), 20, "0.10000000000000000555"},
+        {Cell(NAN), 0, "nan"},
+        {Cell(INFINITY), 2, "inf"},
+        {Cell(std::nextafter(2.0, 3.0)), 3, "2.0000000000000004"},
+        {undefined(2.5), 0, "2.5"},
+        {undefined(2.5), 1, "NULL"},
+        {undefined(2.5), -1, "NULL"},
+        {undefined(3), -2, "NULL"},
+        {Cell("abc"), -1, "abc"},
+        {Cell(), 3, ""},
+        {Cell(Status("x", Status::Critical, 5)), 3, "#Critical: x"},
+    };
     for (Precision const& row : rows) {
         EXPECT_EQ(text(row.cell, row.precision), row.text) << "precision " << row.precision;
     }
