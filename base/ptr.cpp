@@ -14,7 +14,8 @@ PtrRefCount::~PtrRefCount() {
 }
 
 void PtrRefCount::release(PtrRefCount* block, void* object) {
-    if (std::strcmp(block->location(), QX_MODULE_TAG) != 0) {
+    char const* const location = block->location();
+    if (location == nullptr || std::strcmp(location, QX_MODULE_TAG) != 0) {
         throw std::logic_error("Deletion across dll boundary");
     }
     Detail::requireReleased(*block);

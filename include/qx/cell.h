@@ -69,7 +69,8 @@ public:
     /// - an empty cell: "[Empty]", exactly;
     /// - otherwise a string cell with that text, the empty text included.
     ///
-    /// Uses no stream; allocates at most the body and the copy of the text.
+    /// So no cell holds a text that reads as a number: "007" becomes 7. Uses no stream; allocates at most
+    /// the body and the copy of the text.
     Cell(Str const& text);
     /// Makes a valid number of any double, NaN and infinities included.
     Cell(double value);
@@ -143,9 +144,9 @@ public:
     /// error cell, a nested table as Table::display() with number -1.
     ///
     /// A number is written as a double under the stream's own formatting when it is whole, otherwise in
-    /// exact form; "[Undefined]" when it is not valid. The printed forms of empty cells and of valid
-    /// numbers read back through Cell(Str const&) as equal cells (under default formatting, for whole
-    /// numbers of up to six digits).
+    /// exact form; "[Undefined]" when it is not valid. The exact form and that of an empty cell read back
+    /// through Cell(Str const&) as equal cells, and so do whole numbers when the stream's precision shows
+    /// all their digits (17 always do); infinities read back as texts.
     virtual std::ostream& display(std::ostream& os) const;
 
     /// True when this cell equals `other`; not symmetric, since the left cell decides:

@@ -52,7 +52,8 @@ public:
     ///
     /// Raises std::logic_error "Deletion across dll boundary" when the block was not made under the
     /// module tag "qxdll", or else "Reference Count non zero" while the count is above 0; object and
-    /// block are then untouched.
+    /// block are then untouched. A Ptr can't pass an exception on: one whose deleter this is must hold a
+    /// block of that tag.
     static void release(PtrRefCount* block, void* object);
 
 private:

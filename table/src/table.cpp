@@ -80,6 +80,9 @@ Cell& Table::at(Str const& name, std::size_t j) {
 }
 
 Cell& Table::at(std::size_t i, std::size_t j, Cell const& cell) {
+    if (i == npos || j == npos) {
+        return TableImplementation::sharedEmptyCell();
+    }
     return writeTo(data_, [&](TableImplementation& body) -> Cell& { return body.at(i, j, cell); });
 }
 

@@ -54,9 +54,6 @@ Cell& TableImplementation::at(Str const& name, std::size_t j) {
 }
 
 Cell& TableImplementation::at(std::size_t i, std::size_t j, Cell const& cell) {
-    if (i == npos || j == npos) {
-        return sharedEmptyCell();
-    }
     Cell const kept(cell); // growing may move the cell if it lives in this table
     Cell& place = reach(i, j);
     place = kept;

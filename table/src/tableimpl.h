@@ -42,6 +42,7 @@ public:
     Cell const& get(Str const& name, std::size_t j) const;
     Cell& at(std::size_t i, std::size_t j);
     Cell& at(Str const& name, std::size_t j);
+    /// Stores at a position other than npos.
     Cell& at(std::size_t i, std::size_t j, Cell const& cell);
     Cell& at(Str const& name, std::size_t j, Cell const& cell);
 
