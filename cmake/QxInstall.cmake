@@ -1,1 +1,55 @@
+# Installs the library with what others need to find it: a CMake package and a pkg-config module, both of
+# which may be moved together with the installed tree.
+#
+# A stand-in sibling is installed with the library. A sibling from a package is found again by whoever uses
+# the library: CMake and pkg-config look for it under the name of that package.
 
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/qx)
+set(installed_targets qx)
+set(QX_FIND_SIBLINGS "")
+set(QX_PC_REQUIRES "")
+set(QX_PC_LIBS -lqx)
+set(QX_PC_DEFINES "")
+if(NOT BUILD_SHARED_LIBS)
+    set(QX_PC_DEFINES " -DQX_STATIC")
+endif()
+
+foreach(sibling IN ITEMS datetime base) # in the order in which a static library needs them
+    string(TOUPPER ${sibling} name)
+    if(QX_${name}_PACKAGE)
+        string(APPEND QX_FIND_SIBLINGS "find_dependency(${QX_${name}_PACKAGE} CONFIG)\n")
+        list(APPEND QX_PC_REQUIRES ${QX_${name}_PACKAGE})
+        continue()
+    endif()
+    get_target_property(standin qx::${sibling} ALIASED_TARGET)
+    if(NOT standin STREQUAL "qx${sibling}")
+        message(FATAL_ERROR
+            "QX_INSTALL needs qx::${sibling} as the stand-in or from QX_${name}_PACKAGE, not made by a parent project")
+    endif()
+    list(APPEND installed_targets ${standin})
+    list(APPEND QX_PC_LIBS -l${standin})
+    if(NOT BUILD_SHARED_LIBS)
+        string(APPEND QX_PC_DEFINES " -DQX${name}_STATIC")
+    endif()
+endforeach()
+list(JOIN QX_PC_LIBS " " QX_PC_LIBS)
+list(JOIN QX_PC_REQUIRES " " QX_PC_REQUIRES)
+file(RELATIVE_PATH QX_PC_TO_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" QX_PC_TO_PREFIX "${QX_PC_TO_PREFIX}")
+
+install(TARGETS ${installed_targets} EXPORT qxTargets FILE_SET HEADERS)
+install(EXPORT qxTargets NAMESPACE qx:: DESTINATION ${package_dir})
+
+configure_package_config_file(cmake/qxConfig.cmake.in qxConfig.cmake
+    INSTALL_DESTINATION ${package_dir}
+    NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(qxConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES
+    ${CMAKE_CURRENT_BINARY_DIR}/qxConfig.cmake
+    ${CMAKE_CURRENT_BINARY_DIR}/qxConfigVersion.cmake
+    DESTINATION ${package_dir})
+
+configure_file(cmake/qx.pc.in qx.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qx.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

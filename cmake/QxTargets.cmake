@@ -21,7 +21,8 @@ function(qx_library target static_macro)
     target_compile_features(${target} INTERFACE cxx_std_17)
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION}
-        SOVERSION ${PROJECT_VERSION_MAJOR}
+        SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR} # while 0.x, a minor version may break
+        INSTALL_RPATH $ORIGIN # the libraries find each other wherever the tree is installed
         VERIFY_INTERFACE_HEADER_SETS ON)
     if(NOT BUILD_SHARED_LIBS)
         target_compile_definitions(${target} PUBLIC ${static_macro})

@@ -10,6 +10,7 @@
 #include "qx/ptr.h"
 #include "qx/table.h"
 #include "qx/tblpath.h"
+#include "qx/version.h"
 #include "qxbase/analyticdouble.h"
 #include "qxbase/report.h"
 #include "qxbase/status.h"
