@@ -7,7 +7,7 @@ jobs=$(nproc 2>/dev/null || echo 2)
 
 # Quits with a message.
 die() {
-    echo "$(basename "$0"): $*" >&2
+    echo "scripts/$(basename "$0"): $*" >&2
     exit 1
 }
 
