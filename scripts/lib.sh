@@ -11,10 +11,12 @@ die() {
     exit 1
 }
 
-# Runs a command with its output in a log, which is shown only if the command fails.
+# Runs a command with its output in a log, shown only if it fails, which ends the script:
+# quietly NAME "what to say when it fails" COMMAND...
+# Not for use in a condition: there, the shell would run the command on after its first failure.
 quietly() {
-    local log=$logs/$1.log rc=0
-    shift
+    local log=$logs/$1.log failure=$2 rc
+    shift 2
     mkdir -p "$logs"
     set +e
     (
@@ -26,8 +28,8 @@ quietly() {
     if [ "$rc" -ne 0 ]; then
         tail -n 200 "$log" >&2
         echo "(the whole log is in $log)" >&2
+        die "$failure"
     fi
-    return "$rc"
 }
 
 # Sees to it that the given Debian packages are there, each written package=command, or only package where
@@ -54,7 +56,7 @@ require_packages() {
 sudo apt-get install ${missing[*]}"
     else
         echo "Installing ${missing[*]}"
-        quietly install install_packages "${missing[@]}" || die "the packages could not be installed"
+        quietly install "the packages could not be installed" install_packages "${missing[@]}"
     fi
 }
 
