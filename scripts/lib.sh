@@ -5,6 +5,9 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 logs=build/logs
 jobs=$(nproc 2>/dev/null || echo 2)
 
+# What the library and the example programs are built with.
+build_packages=(cmake=cmake g++=g++ ninja-build=ninja libcli11-dev libcsv-dev nlohmann-json3-dev)
+
 # Quits with a message.
 die() {
     echo "scripts/$(basename "$0"): $*" >&2
@@ -71,7 +74,7 @@ require_tools() {
     local tool absent=()
     for tool in "$@"; do
         case $tool in
-        lib*) echo "Needed, but not looked for on this system: $tool (Debian's name)" ;;
+        *-dev) echo "Needed, but not looked for on this system: $tool (Debian's name)" ;;
         *) absent+=("$tool") ;;
         esac
     done
