@@ -38,7 +38,8 @@ bool isHuge(std::string_view number) {
     exponent.remove_prefix(negative || exponent.starts_with('+') ? 1 : 0);
     long long power = 0;
     auto const read = std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
-    if (read.ec == std::errc::result_out_of_range) {
+    constexpr long long beyond = std::numeric_limits<long long>::max() / 2;
+    if (read.ec == std::errc::result_out_of_range || power > beyond) {
         return !negative; // no mantissa in memory is long enough to make up for such an exponent
     }
     return place + (negative ? -power : power) > 0;

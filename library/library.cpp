@@ -36,7 +36,7 @@ Str LibraryBase::interfaces() const {
 }
 
 bool LibraryBase::checkInterface(int number) const {
-    return interfaces_.count(number) != 0;
+    return interfaces_.contains(number);
 }
 
 } // namespace QX

@@ -72,12 +72,13 @@ QX::Ptr<QX::Table> readTable(std::string const& file, std::string const& delimit
     TableBuilder builder(messageName(file), table);
     CsvParser parser(messageName(file), delimiterOf(file, delimiter), builder);
     std::vector<char> piece(pieceSize);
-    for (bool first = true;
-         std::size_t const size = std::fread(piece.data(), 1, piece.size(), input.get());
-         first = false) {
+    bool first = true;
+    std::size_t size = 0;
+    while ((size = std::fread(piece.data(), 1, piece.size(), input.get())) != 0) {
         std::string_view const read(piece.data(), size);
         std::string_view const text = first ? withoutMark(read, file) : read;
         parser.parse(text.data(), text.size());
+        first = false;
     }
     if (std::ferror(input.get()) != 0) {
         failForSystem(file);
