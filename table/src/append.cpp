@@ -1,11 +1,13 @@
 #include "cell/displaytext.h"
 #include "table/src/namelookup.h"
+#include "table/src/rowset.h"
 #include "table/src/tableimpl.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
-#include <unordered_set>
-#include <utility>
+#include <string_view>
+#include <vector>
 
 namespace QX {
 
@@ -48,16 +50,26 @@ Status TableImplementation::append(TableImplementation const& operand, Ptr<Table
 }
 
 Ptr<Table> TableImplementation::pickDistinctTexts() const {
-    std::unordered_set<std::string> seen;
-    Rows rows;
     std::size_t const height = items();
+    std::string keys; // those of all rows kept, one behind the other
+    std::vector<std::size_t> begins(height);
+    std::vector<std::size_t> ends(height);
+    auto const key = [&](std::size_t row) {
+        return std::string_view(keys).substr(begins[row], ends[row] - begins[row]);
+    };
+    RowSet kept(height);
+    Rows rows;
     for (std::size_t j = 0; j < height; ++j) {
-        std::string key;
+        begins[j] = keys.size();
         for (std::size_t i = 0; i < indices(); ++i) {
-            key += ':';
-            appendDisplayText(key, get(i, j));
+            keys += ':';
+            appendDisplayText(keys, get(i, j));
         }
-        if (seen.insert(std::move(key)).second && j > 0) {
+        ends[j] = keys.size();
+        std::size_t const hash = std::hash<std::string_view>()(key(j));
+        if (!kept.insert(j, hash, [&](std::size_t earlier) { return key(earlier) == key(j); })) {
+            keys.resize(begins[j]);
+        } else if (j > 0) {
             rows.push_back(j);
         }
     }

@@ -1,6 +1,7 @@
 #include "table/src/rowdistinct.h"
 
 #include "cell/cellvalue.h"
+#include "table/src/rowset.h"
 
 #include <algorithm>
 #include <bit>
@@ -8,7 +9,6 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
-#include <unordered_map>
 #include <vector>
 
 namespace QX {
@@ -99,26 +99,16 @@ bool equalRows(TableImplementation const& table, std::size_t earlier, std::size_
 
 /// Compares each row with the kept rows of its hash, which is one and the same for rows that are equal.
 Rows distinctWithin(TableImplementation const& table, std::vector<Hash> const& hashes) {
-    constexpr std::size_t none = TableImplementation::npos;
-    std::unordered_map<Hash, std::size_t> last; // the row kept last of each hash
-    std::vector<std::size_t> before(hashes.size(), none);
-    Rows kept;
+    RowSet kept(hashes.size());
+    Rows rows;
     for (std::size_t j = 0; j < hashes.size(); ++j) {
-        auto const [chain, first] = last.emplace(hashes[j], j);
-        std::size_t earlier = first ? none : chain->second;
-        while (earlier != none && !equalRows(table, earlier, j)) {
-            earlier = before[earlier];
-        }
-        if (earlier != none) {
-            continue;
-        }
-        before[j] = first ? none : chain->second;
-        chain->second = j;
-        if (j > 0) {
-            kept.push_back(j);
+        bool const added =
+            kept.insert(j, hashes[j], [&](std::size_t earlier) { return equalRows(table, earlier, j); });
+        if (added && j > 0) {
+            rows.push_back(j);
         }
     }
-    return kept;
+    return rows;
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <iterator>
 #include <limits>
 #include <string_view>
@@ -52,11 +53,38 @@ void appendRows(Rows& rows, std::vector<KeyedRow<Key>> const& keyed) {
     }
 }
 
+/// A text to be compared by its first bytes, taken as one number, and only then as a whole.
+struct TextKey {
+    std::uint64_t head;
+    std::string_view text;
+
+    bool operator<(TextKey const& other) const {
+        return head != other.head ? head < other.head : text < other.text;
+    }
+};
+
+/// Takes the head of every text from behind what all of them begin with.
+void setHeads(std::vector<KeyedRow<TextKey>>& texts) {
+    std::string_view common = texts.empty() ? std::string_view() : texts.front().key.text;
+    for (KeyedRow<TextKey> const& each : texts) {
+        auto const differ =
+            std::mismatch(common.begin(), common.end(), each.key.text.begin(), each.key.text.end());
+        common = common.substr(0, static_cast<std::size_t>(differ.first - common.begin()));
+    }
+    for (KeyedRow<TextKey>& each : texts) {
+        std::string_view const rest = each.key.text.substr(common.size());
+        for (std::size_t k = 0; k < sizeof each.key.head; ++k) {
+            each.key.head =
+                each.key.head << 8U | (k < rest.size() ? static_cast<unsigned char>(rest[k]) : 0U);
+        }
+    }
+}
+
 /// The cells of one column by kind, with the rows they stand in.
 struct Split {
     Rows empty;
     std::vector<KeyedRow<double>> numbers;
-    std::vector<KeyedRow<std::string_view>> texts;
+    std::vector<KeyedRow<TextKey>> texts;
     bool honest = true; // false once a cell has been met whose order or equality is not
 
     void add(Cell const& cell, std::size_t row) {
@@ -64,7 +92,7 @@ struct Split {
         if (cell.empty()) {
             empty.push_back(row);
         } else if (value.kind == Cell::StringCell) {
-            texts.push_back({value.text, row});
+            texts.push_back({{0, value.text}, row});
         } else if (value.kind == Cell::NumericCell) {
             double const number = value.number.get();
             // Next to the smallest double stand both zeros, which the order takes for one.
@@ -78,7 +106,7 @@ struct Split {
 
     bool mixesDates() const {
         return !numbers.empty() && std::any_of(texts.begin(), texts.end(),
-                                               [](auto const& text) { return isDate(text.key); });
+                                               [](auto const& text) { return isDate(text.key.text); });
     }
 };
 
@@ -132,6 +160,7 @@ std::optional<Rows> orderedBySorting(Column const& column, Rows const& rows, boo
     if (adjacent != split.numbers.end()) {
         return std::nullopt;
     }
+    setHeads(split.texts);
     stableSort(split.texts, ascending);
     Rows sorted;
     sorted.reserve(rows.size());
