@@ -9,7 +9,6 @@
 #include "cell/celltable.h"
 #include "cell/numbertext.h"
 
-#include <algorithm>
 #include <ostream>
 #include <string_view>
 
@@ -18,13 +17,9 @@ namespace QX {
 namespace {
 
 /// True for "#Err: " or "#Critical: " in any letter case, whatever follows.
-bool isErrorText(std::string_view text) {
-    if (!text.starts_with('#')) {
-        return false;
-    }
-    std::size_t const blank = text.find(' ');
-    Str const mark = std::string(text.substr(1, blank));
-    return mark.compare("Err: ", true) == 0 || mark.compare("Critical: ", true) == 0;
+bool isErrorText(Str const& text) {
+    return Str("#Err: ").comparePrefix(text, true, 1) == 0 ||
+           Str("#Critical: ").comparePrefix(text, true, 1) == 0;
 }
 
 Ptr<CellImplementation> bodyOf(Str const& text) {
@@ -33,7 +28,7 @@ Ptr<CellImplementation> bodyOf(Str const& text) {
     if (number.isValid()) {
         return makePtr<CellNumeric>(number);
     }
-    if (isErrorText(view)) {
+    if (view.starts_with('#') && isErrorText(text)) {
         return makePtr<CellError>(Status(text, Status::Error, -1));
     }
     if (view == emptyText) {
@@ -42,19 +37,12 @@ Ptr<CellImplementation> bodyOf(Str const& text) {
     return makePtr<CellString>(text);
 }
 
-Ptr<CellImplementation> bodyOf(double value) {
-    AnalyticDouble number;
-    number.value = value;
-    number.valid = true;
-    return makePtr<CellNumeric>(number);
-}
-
 } // namespace
 
 Cell::Cell(Str const& text) : body_(bodyOf(text)) {
 }
 
-Cell::Cell(double value) : body_(bodyOf(value)) {
+Cell::Cell(double value) : body_(makePtr<CellNumeric>(validNumber(value))) {
 }
 
 Cell::Cell(AnalyticDouble const& value) : body_(makePtr<CellNumeric>(value)) {

@@ -2,6 +2,8 @@
 
 #include "cell/cellstring.h"
 
+#include <utility>
+
 namespace QX {
 
 /// The body of an error cell: a status. Its inherited text stays empty, which is what it displays and
@@ -10,7 +12,7 @@ class CellError final : public CellString {
 public:
     using CellString::get;
 
-    explicit CellError(Status const& status) : CellString(Str()), status_(status) {}
+    explicit CellError(Status status) : CellString(Str()), status_(std::move(status)) {}
     ~CellError() override;
 
     bool compare(CellImplementation const& other, bool flag) const override;

@@ -49,7 +49,7 @@ CellKeys keysOf(Cell const& filed) {
         break;
     case Cell::StringCell:
         keys.add(key(Match::Text, value.text));
-        if (isDate(value.text)) {
+        if (isDate(filed)) {
             keys.add(dayKey(Match::DateOfText, filed));
         }
         break;
@@ -78,7 +78,7 @@ CellKeys keysFor(Cell const& sought) {
         break;
     case Cell::StringCell:
         keys.add(key(Match::Text, value.text));
-        if (isDate(value.text)) {
+        if (isDate(sought)) {
             keys.add(dayKey(Match::DateOfNumber, sought));
         }
         break;

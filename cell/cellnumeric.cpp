@@ -1,7 +1,7 @@
 #include "cell/cellnumeric.h"
 
 #include "base/makeptr.h"
-#include "cell/cellvalue.h"
+#include "cell/cellstring.h"
 #include "cell/numbertext.h"
 
 #include <ostream>
@@ -10,13 +10,6 @@
 namespace QX {
 
 namespace {
-
-AnalyticDouble validNumber(double value) {
-    AnalyticDouble number;
-    number.value = value;
-    number.valid = true;
-    return number;
-}
 
 AnalyticDouble remainder(double left, double right) {
     int const a = truncated(left);
@@ -33,13 +26,11 @@ bool CellNumeric::compare(CellImplementation const& other, bool /*flag*/) const 
     if (other.isA() == Cell::NumericCell) {
         return equalNumbers(value_.get(), static_cast<CellNumeric const&>(other).value_.get());
     }
-    Date others;
-    if (other.isA() != Cell::StringCell || !other.get(others).ok()) {
+    if (other.isA() != Cell::StringCell) {
         return false;
     }
-    Date own;
-    get(own);
-    return own.days() == others.days();
+    Date const others = static_cast<CellString const&>(other).date();
+    return others.isValid() && others.days() == date().days();
 }
 
 Ptr<CellImplementation> CellNumeric::clone() const {
@@ -53,8 +44,12 @@ std::ostream& CellNumeric::display(std::ostream& os) const {
     return isWhole(value_.get()) ? os << value_.get() : writeExact(os, value_.get());
 }
 
+Date CellNumeric::date() const {
+    return Date(truncated(value_.get()));
+}
+
 Status CellNumeric::get(Date& out) const {
-    out = Date(truncated(value_.get()));
+    out = date();
     return out.isValid() ? Status() : Status("Not a valid date", Status::Error, -1);
 }
 
@@ -124,13 +119,8 @@ bool CellNumeric::lessThan(CellImplementation const& other) const {
     if (other.isA() != Cell::StringCell) {
         return false;
     }
-    Date others;
-    if (!other.get(others).ok()) {
-        return true;
-    }
-    Date own;
-    get(own);
-    return others.days() < own.days();
+    Date const others = static_cast<CellString const&>(other).date();
+    return !others.isValid() || others.days() < date().days();
 }
 
 } // namespace QX

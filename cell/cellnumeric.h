@@ -26,6 +26,8 @@ public:
     bool lessThan(CellImplementation const& other) const override;
 
     AnalyticDouble const& value() const { return value_; }
+    /// The date that lies as many days after 1970-01-01, valid or not.
+    Date date() const;
 
 private:
     AnalyticDouble value_;

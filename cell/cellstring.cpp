@@ -1,6 +1,7 @@
 #include "cell/cellstring.h"
 
 #include "base/makeptr.h"
+#include "cell/cellnumeric.h"
 
 #include <ostream>
 
@@ -20,13 +21,11 @@ bool CellString::compare(CellImplementation const& other, bool flag) const {
     if (hasText(other)) {
         return text_.compare(static_cast<CellString const&>(other).text_, flag) == 0;
     }
-    Date own;
-    if (other.isA() != Cell::NumericCell || !get(own).ok()) {
+    if (other.isA() != Cell::NumericCell) {
         return false;
     }
-    Date others;
-    other.get(others);
-    return own.days() == others.days();
+    Date const own = date();
+    return own.isValid() && own.days() == static_cast<CellNumeric const&>(other).date().days();
 }
 
 Ptr<CellImplementation> CellString::clone() const {
@@ -38,7 +37,7 @@ std::ostream& CellString::display(std::ostream& os) const {
 }
 
 Status CellString::get(Date& out) const {
-    out = Date(text_, Str());
+    out = date();
     if (out.isValid()) {
         return Status();
     }
@@ -64,13 +63,8 @@ bool CellString::lessThan(CellImplementation const& other) const {
     if (other.isA() != Cell::NumericCell) {
         return true;
     }
-    Date own;
-    if (!get(own).ok()) {
-        return false;
-    }
-    Date others;
-    other.get(others);
-    return others.days() < own.days();
+    Date const own = date();
+    return own.isValid() && static_cast<CellNumeric const&>(other).date().days() < own.days();
 }
 
 } // namespace QX

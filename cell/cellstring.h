@@ -24,6 +24,8 @@ public:
 
     /// The text, which is empty for an error body.
     Str const& text() const { return text_; }
+    /// The date that the text is; not valid when it is none.
+    Date date() const { return Date(text_, Str()); }
 
 private:
     Str text_;

@@ -4,11 +4,6 @@
 #include "cell/cellstring.h"
 #include "cell/celltable.h"
 
-#include <bit>
-#include <cmath>
-#include <cstdint>
-#include <cstdlib>
-
 namespace QX {
 
 CellValue valueOf(Cell const& cell) {
@@ -34,21 +29,9 @@ CellValue valueOf(Cell const& cell) {
     return value;
 }
 
-bool equalNumbers(double a, double b) {
-    if (std::fabs(a - b) <= 0) {
-        return true;
-    }
-    if (std::signbit(a) != std::signbit(b)) {
-        return false;
-    }
-    auto const aBits = std::bit_cast<std::int64_t>(a);
-    auto const bBits = std::bit_cast<std::int64_t>(b);
-    return std::abs(aBits - bBits) <= 1;
-}
-
-bool isDate(std::string_view text) {
-    constexpr std::size_t dateLength = 10;
-    return text.size() == dateLength && Date(std::string(text), Str()).isValid();
+bool isDate(Cell const& cell) {
+    CellImplementation const& body = CellImplementation::of(cell);
+    return body.isA() == Cell::StringCell && static_cast<CellString const&>(body).date().isValid();
 }
 
 } // namespace QX

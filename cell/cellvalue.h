@@ -18,11 +18,7 @@ struct CellValue {
 /// Looks at `cell`.
 CellValue valueOf(Cell const& cell);
 
-/// True when two numeric cells of these values are equal: equal doubles, doubles of one sign that are
-/// next to each other, or NaNs of one bit pattern.
-bool equalNumbers(double a, double b);
-
-/// True when the text of a string cell is a date, by which it may equal a number.
-bool isDate(std::string_view text);
+/// True for a string cell whose text is a date, by which it may equal a number.
+bool isDate(Cell const& cell);
 
 } // namespace QX

@@ -15,8 +15,11 @@ void appendDisplayText(std::string& text, Cell const& cell) {
     if (value.kind == Cell::StringCell) {
         text += value.text;
     } else if (value.kind == Cell::NumericCell && value.number.isValid()) {
-        double const number = value.number.get();
-        isWhole(number) ? appendGeneral(text, number, digits) : appendExact(text, number);
+        if (isWhole(value.number.get())) {
+            appendGeneral(text, value.number.get(), digits);
+        } else {
+            appendExact(text, value.number.get());
+        }
     } else {
         std::ostringstream stream;
         stream.imbue(std::locale::classic());

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 #include <ostream>
 #include <string>
@@ -46,28 +47,25 @@ bool isHuge(std::string_view number) {
 }
 
 AnalyticDouble readDecimal(std::string_view text) {
-    AnalyticDouble number;
     text = skipSpace(text);
     bool const negative = text.starts_with('-');
     text.remove_prefix(negative || text.starts_with('+') ? 1 : 0);
     if (text.empty() || (!isDigit(text.front()) && text.front() != '.')) {
-        return number; // from_chars would go on to a second sign, "inf" and "nan"
+        return AnalyticDouble(); // from_chars would go on to a second sign, "inf" and "nan"
     }
     char const* const end = text.data() + text.size();
     double value = 0;
     auto const read = std::from_chars(text.data(), end, value);
     if (read.ec == std::errc::invalid_argument || read.ptr != end) {
-        return number;
+        return AnalyticDouble();
     }
     if (std::isinf(value) || (read.ec == std::errc::result_out_of_range && isHuge(text))) {
-        return number;
+        return AnalyticDouble();
     }
     if (read.ec == std::errc::result_out_of_range) {
         value = 0;
     }
-    number.value = negative ? -value : value;
-    number.valid = true;
-    return number;
+    return validNumber(negative ? -value : value);
 }
 
 /// Takes an int from the front of `text`; false when there is none or it is out of range.
@@ -88,16 +86,13 @@ bool readPair(std::string_view text, std::size_t skipped, int& first, int& secon
 }
 
 AnalyticDouble readExact(std::string_view text) {
-    AnalyticDouble number;
     int low = 0;
     int high = 0;
-    if (readPair(text, exactPrefix.size() + 1, low, high)) {
-        std::uint64_t const bits = static_cast<std::uint64_t>(static_cast<std::uint32_t>(high)) << 32U |
-                                   static_cast<std::uint32_t>(low);
-        number.value = std::bit_cast<double>(bits);
-        number.valid = true;
+    if (!readPair(text, exactPrefix.size() + 1, low, high)) {
+        return AnalyticDouble();
     }
-    return number;
+    auto const upper = static_cast<std::uint64_t>(static_cast<std::uint32_t>(high));
+    return validNumber(std::bit_cast<double>(upper << 32U | static_cast<std::uint32_t>(low)));
 }
 
 AnalyticDouble readRatio(std::string_view text) {
@@ -116,6 +111,25 @@ int highHalf(double number) {
 }
 
 } // namespace
+
+AnalyticDouble validNumber(double number) {
+    AnalyticDouble valid;
+    valid.value = number;
+    valid.valid = true;
+    return valid;
+}
+
+bool equalNumbers(double a, double b) {
+    if (std::fabs(a - b) <= 0) {
+        return true;
+    }
+    if (std::signbit(a) != std::signbit(b)) {
+        return false;
+    }
+    auto const aBits = std::bit_cast<std::int64_t>(a);
+    auto const bBits = std::bit_cast<std::int64_t>(b);
+    return std::abs(aBits - bBits) <= 1;
+}
 
 int truncated(double number) {
     constexpr int smallest = std::numeric_limits<int>::min();

@@ -9,6 +9,13 @@
 
 namespace QX {
 
+/// `number` as a valid one.
+AnalyticDouble validNumber(double number);
+
+/// True when two numeric cells of these values are equal: equal doubles, doubles of one sign that are
+/// next to each other, or NaNs of one bit pattern.
+bool equalNumbers(double a, double b);
+
 /// `number` truncated toward zero; the smallest int for NaN and for what no int can hold.
 int truncated(double number);
 

@@ -8,6 +8,7 @@
 #include "qxdatetime/date.h"
 
 #include <iosfwd>
+#include <type_traits>
 #include <utility>
 
 namespace QX {
@@ -29,7 +30,7 @@ class Table;
 ///     kind      Str    bool   double, AnalyticDouble   int     Date     Status   Ptr<Table>
 ///     Empty     ""     false  -                        -       -        -        -
 ///     String    text   yes    -                        -       parsed   -        -
-///     Numeric   yes    yes    yes                      whole   whole    -        -
+///     Numeric   yes    yes    yes                      whole   yes      -        -
 ///     Table     -      -      -                        -       -        -        yes
 ///     Error     yes    false  -                        -       fails    yes      -
 ///
@@ -58,9 +59,9 @@ public:
     Cell(Ptr<CellImplementation> const& body) noexcept : body_(body) {}
     /// Makes the kind of cell that `text` reads as, the first of these that fits:
     ///
-    /// - a number in decimal: optional white space, sign, digits with or without a point, exponent
-    ///   (" -12.5e3"), within the range of a double and with nothing behind it; never hexadecimal, "inf"
-    ///   or "nan", and the same in every locale;
+    /// - a number in decimal: optional white space, sign, digits with or without a point, exponent ("
+    ///   -12.5e3"), with nothing behind it; never hexadecimal, "inf" or "nan", and the same in every
+    ///   locale. A number too small for a double is 0, one too large is no number;
     /// - a number in exact form: "##", any one character, then the low and the high 32 bits of the
     ///   double as two signed decimal ints ("## 0 1076428800" is 12.5); it is what operator<< writes;
     /// - a ratio: "[Numeric]", any one character, then two ints ("[Numeric] 1 4" is 0.25);
@@ -69,8 +70,8 @@ public:
     /// - an empty cell: "[Empty]", exactly;
     /// - otherwise a string cell with that text, the empty text included.
     ///
-    /// So no cell holds a text that reads as a number: "007" becomes 7. Uses no stream; allocates at most
-    /// the body and the copy of the text.
+    /// So no cell holds a text that reads as a number: "007" becomes 7. Uses no stream; allocates at
+    /// most the body and the copy of the text.
     Cell(Str const& text);
     /// Makes a valid number of any double, NaN and infinities included.
     Cell(double value);
@@ -82,6 +83,9 @@ public:
     /// Makes a table cell that shares `table`: changes made through either are seen through the other. A
     /// null handle gives a new empty table named "Null Table".
     Cell(Ptr<Table> const& table);
+    /// Makes a table cell that shares a table of a derived class, whose display() then writes the cell.
+    template <typename T, typename = std::enable_if_t<std::is_convertible<T*, Table*>::value>>
+    Cell(Ptr<T> const& table) : Cell(Ptr<Table>(table)) {}
     /// Makes a table cell that holds its own deep copy of `table`, as Table::clone() makes it. A null
     /// handle, or a table without a data body, gives a new empty table named "Null Table".
     Cell(Ptr<Table const> const& table);
@@ -123,7 +127,8 @@ public:
     /// A number gives, in this order: "NULL" when it is not valid and `precision` is not 0; its exact
     /// form ("## 0 1076428800") when `precision` is -1 and it is not whole; exactly `precision` digits
     /// after the point when `precision` is above 0 and it is not whole; otherwise Str::asString() of it.
-    /// Precision 0 is the ordinary text. Other kinds ignore `precision`.
+    /// Precision 0 is the ordinary text. Other kinds ignore `precision`. The text takes as many bytes as
+    /// asked for, and raises std::bad_alloc where there is no memory for them.
     Status get(Str& out, int precision) const;
     /// Reads the status of an error cell: always an Error with code -1 and the message without marks.
     Status get(Status& out) const;
@@ -143,10 +148,10 @@ public:
     /// Writes the printed form and returns `os`: "[Empty]", the text of a string cell, nothing for an
     /// error cell, a nested table as Table::display() with number -1.
     ///
-    /// A number is written as a double under the stream's own formatting when it is whole, otherwise in
-    /// exact form; "[Undefined]" when it is not valid. The exact form and that of an empty cell read back
-    /// through Cell(Str const&) as equal cells, and so do whole numbers when the stream's precision shows
-    /// all their digits (17 always do); infinities read back as texts.
+    /// A number is written as a double when it is whole, otherwise in exact form; "[Undefined]" when it
+    /// is not valid. The stream's own formatting of doubles and ints applies. The exact form and that of
+    /// an empty cell read back through Cell(Str const&) as equal cells, and so do whole numbers when the
+    /// stream's precision shows all their digits (17 always do); infinities read back as texts.
     virtual std::ostream& display(std::ostream& os) const;
 
     /// True when this cell equals `other`; not symmetric, since the left cell decides:

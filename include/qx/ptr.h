@@ -36,7 +36,7 @@ public:
 
     /// Adds one to the count.
     void increment() { ++count_; }
-    /// Takes one from the count; true when it has become 0.
+    /// Takes one from the count, which must not be 0; true when it has become 0.
     bool decrement() { return --count_ == 0; }
     /// True when the count is 0: nobody shares the block any more.
     bool canDelete() { return count_ == 0; }

@@ -28,7 +28,7 @@ class TableImplementation;
 /// values about it. Copying a Table shares both bodies: a change made through one handle is seen through
 /// all, and through every table cell that holds one of them. clone() makes a deep copy. Bodies only
 /// grow: nothing here removes an index or an item. A handle without a data body reads as an empty table
-/// with an empty name, and the first write through it makes a body.
+/// with an empty name, and the first write through it makes a body; copies made before share none.
 ///
 /// Index and item numbers count from 0; `npos` (what -1 converts to) means "append" to the growing
 /// accessors and no such position elsewhere.
@@ -72,7 +72,8 @@ public:
 
     /// The cell at item j of index i, or the shared empty cell when there is no such position.
     ///
-    /// Never changes the table and never allocates. The reference is valid until the table grows.
+    /// Never changes the table and never allocates. The reference is valid until the table grows or its
+    /// body goes.
     Cell const& get(std::size_t i, std::size_t j) const;
     /// Same as get().
     Cell const& at(std::size_t i, std::size_t j) const;
@@ -85,7 +86,7 @@ public:
     ///
     /// A new position holds an empty cell; indices before a new index are empty; other indices keep
     /// their length. i = npos adds an index (and j = npos is then its item 0); j = npos adds an item to
-    /// index i. The reference is valid until the table grows.
+    /// index i. The reference is valid until the table grows or its body goes.
     ///
     /// Raises std::length_error or std::bad_alloc for a position beyond any memory; the table is then as
     /// it was.
@@ -127,8 +128,9 @@ public:
     /// Makes a deep copy, attributes included: nested tables are copied with it, other cell bodies
     /// shared.
     ///
-    /// Every index of the copy has as many items as the longest, the added ones empty; a table without
-    /// items gives a copy without indices. A nested table that is held twice is copied twice.
+    /// The copies are plain Tables, also those of a derived class. Every index of the copy has as many
+    /// items as the longest, the added ones empty; a table without items gives a copy without indices. A
+    /// nested table that is held twice is copied twice.
     Ptr<Table> clone() const;
 
     /// Not provided: returns Error "Not Implemented" with code -1 and leaves `result` unchanged.
@@ -138,7 +140,7 @@ public:
     /// attributes.
     Ptr<Table> getAttributes() const;
     /// Makes the data of `table`, shared, the attributes of this table; a null handle gives new, empty
-    /// attributes.
+    /// attributes, and a table without a data body gets one first.
     ///
     /// Handles copied from this one before keep the attributes they had.
     void setAttributes(Ptr<Table> table);
@@ -155,10 +157,10 @@ public:
 
     /// Collects every value that the path reaches, in order.
     ///
-    /// `result` is made to refer to a new table named "results" of one index, which is named after the last
-    /// step walked and holds the values, shared. A position that a table lacks gives an empty cell. For an
-    /// empty path, or one whose first step stops the walk, it is a table named "Xpath" whose index "base"
-    /// holds this table, shared. Never changes this table. Always returns Ok.
+    /// `result` is made to refer to a new table named "results" of one index, which is named after the
+    /// last step walked and holds the values, shared. A position that a table lacks gives an empty cell.
+    /// For an empty path, or one whose first step stops the walk, it is a table named "Xpath" whose
+    /// index "base" holds this table, shared. Never changes this table. Always returns Ok.
     ///
     ///     this                       path       result
     ///     price 10 20 30             price      price 10 20 30
@@ -167,31 +169,32 @@ public:
 
     /// The first value that the path reaches, its body shared; an empty cell when there is none.
     ///
-    /// An empty path gives a table cell that shares this table. `defaultValue` is never used. Never changes
-    /// this table.
+    /// An empty path gives a table cell that shares this table. `defaultValue` is never used. Never
+    /// changes this table.
     Cell atXPath(Str const& path, Cell const& defaultValue, char separator = '/') const;
 
     /// The value at the path, to read or assign; the last step stands for item 1 unless it has a number.
     ///
-    /// With `create` false, the steps before the last are walked as above, and the value must lie within the
-    /// item count of the first table reached; an index that lacks it is added or grown all the same. With
-    /// `create` true, each step adds the index that a table lacks, with a new empty table of the step's name
-    /// in item 1, and grows indices to the items it names; so every part of the path is made as needed, but
-    /// no table is put in place of another value.
+    /// With `create` false, the steps before the last are walked as above, and the value must lie within
+    /// the item count of the first table reached; an index that lacks it is added or grown all the same.
+    /// With `create` true, each step adds the index that a table lacks, with a new empty table of the
+    /// step's name in item 1, and grows indices to the items it names; so every part of the path is made
+    /// as needed, but no table is put in place of another value.
     ///
     /// Returns a reference into the addressed table, valid until that grows. Raises Except "No value at
-    /// specified xpath 'PATH'" when the steps before the last reach no table first, the last step's number
-    /// cannot be read, or the value lies beyond the table's item count without `create`. Raises
-    /// std::length_error or std::bad_alloc for an item beyond any memory; what earlier steps made remains.
+    /// specified xpath 'PATH'" when the steps before the last reach no table first, the last step's
+    /// number cannot be read, or the value lies beyond the table's item count without `create`. Raises
+    /// std::length_error or std::bad_alloc for an item beyond any memory; what earlier steps made
+    /// remains.
     Cell& atXPath(Str const& path, bool create, char separator = '/');
 
-    /// Keeps `value`, sharing its body, at a path with separator '/' in this table's attributes, which are
-    /// made as needed.
+    /// Keeps `value`, sharing its body, at a path with separator '/' in this table's attributes, which
+    /// are made as needed.
     ///
     /// Returns Ok. Raises as atXPath() with `create` true.
     Status setAttribute(Str const& path, Cell const& value);
-    /// Makes `value` share the body of the first value at a path in this table's attributes, an empty cell
-    /// when there is none. Always returns Ok.
+    /// Makes `value` share the body of the first value at a path in this table's attributes, an empty
+    /// cell when there is none. Always returns Ok.
     Status getAttribute(Str const& path, Cell& value) const;
 
     // Whole-table operations
@@ -437,10 +440,10 @@ public:
     ///     Index 0 <fruit> apple [Empty] `Table 0'
     ///           1 <price> ## 0 1076428800
     ///
-    /// Each line ends with a blank (not shown here) after its last item, a newline and a flush. Cells
-    /// are written by Cell::display(), numbers under the stream's own formatting. A handle without a
-    /// data body writes "Null table" and a newline. A derived class may override it: nested tables are
-    /// written through this virtual call.
+    /// The line of an index ends with a blank (not shown here), unless it has no items: then it is "<>".
+    /// Every line ends with a newline and a flush. Cells are written by Cell::display(), numbers under
+    /// the stream's own formatting. A handle without a data body writes "Null table" and a newline. A
+    /// derived class may override it: nested tables are written through this virtual call.
     virtual std::ostream& display(std::ostream& os, int number = -1) const;
 
 protected:
@@ -453,7 +456,6 @@ private:
 
     TableImplementation const& body() const;
     Ptr<TableImplementation> heldBody() const;
-    Ptr<Table> pathBase() const;
 
     Ptr<TableImplementation> data_;
     Ptr<TableImplementation> attributes_;

@@ -32,7 +32,7 @@ Status TableImplementation::append(TableImplementation const& operand, Ptr<Table
                 continue;
             }
             target = appended.indices();
-            appended.addIndex(nameCell, 0);
+            appended.addSized(nameCell, 1);
         }
         if (width < 2) {
             continue;

@@ -11,6 +11,28 @@ int successor(int number) {
     return static_cast<int>(static_cast<unsigned>(number) + 1U);
 }
 
+/// Writes the line of index i; `nested` is the number of the last nested table before it, and is carried on.
+void displayIndex(std::ostream& os, std::size_t i, std::vector<Cell> const& index, int& nested) {
+    if (i == 0) {
+        os << "Index 0 <";
+    } else {
+        os << "      " << i << " <";
+    }
+    if (index.empty()) {
+        os << ">";
+    }
+    for (std::size_t j = 0; j < index.size(); ++j) {
+        if (index[j].isA() == Cell::TableCell) {
+            nested = successor(nested);
+            os << "`Table " << nested << "'";
+        } else {
+            os << index[j];
+        }
+        os << (j == 0 ? "> " : " ");
+    }
+    os << std::endl;
+}
+
 } // namespace
 
 std::ostream& TableImplementation::display(std::ostream& os, int number) const {
@@ -32,25 +54,7 @@ std::ostream& TableImplementation::display(std::ostream& os, int number) const {
     os << std::endl;
     nested = number;
     for (std::size_t i = 0; i < indices_.size(); ++i) {
-        if (i == 0) {
-            os << "Index 0 <";
-        } else {
-            os << "      " << i << " <";
-        }
-        Index const& index = indices_[i];
-        if (index.empty()) {
-            os << ">";
-        }
-        for (std::size_t j = 0; j < index.size(); ++j) {
-            if (index[j].isA() == Cell::TableCell) {
-                nested = successor(nested);
-                os << "`Table " << nested << "'";
-            } else {
-                os << index[j];
-            }
-            os << (j == 0 ? "> " : " ");
-        }
-        os << std::endl;
+        displayIndex(os, i, indices_[i], nested);
     }
     return os;
 }

@@ -1,6 +1,7 @@
 #include "table/src/rowdistinct.h"
 
 #include "cell/cellvalue.h"
+#include "cell/numbertext.h"
 #include "table/src/rowset.h"
 
 #include <algorithm>
@@ -49,7 +50,7 @@ private:
         case Cell::ErrorCell:
             return 0; // a text without characters may equal either
         case Cell::StringCell:
-            mixesDates_ = mixesDates_ || isDate(value.text);
+            mixesDates_ = mixesDates_ || isDate(cell);
             return value.text.empty() ? 0 : std::hash<std::string_view>()(value.text);
         case Cell::NumericCell:
             return hash(value.number);

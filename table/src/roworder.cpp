@@ -1,6 +1,7 @@
 #include "table/src/roworder.h"
 
 #include "cell/cellvalue.h"
+#include "cell/numbertext.h"
 
 #include <algorithm>
 #include <cmath>
@@ -104,9 +105,11 @@ struct Split {
         }
     }
 
-    bool mixesDates() const {
-        return !numbers.empty() && std::any_of(texts.begin(), texts.end(),
-                                               [](auto const& text) { return isDate(text.key.text); });
+    /// True when a date stands beside numbers, which may equal it.
+    bool mixesDates(Column const& column) const {
+        return !numbers.empty() && std::any_of(texts.begin(), texts.end(), [&](auto const& text) {
+            return isDate(column[text.row]);
+        });
     }
 };
 
@@ -149,7 +152,7 @@ std::optional<Rows> orderedBySorting(Column const& column, Rows const& rows, boo
             return std::nullopt;
         }
     }
-    if (split.mixesDates()) {
+    if (split.mixesDates(column)) {
         return std::nullopt;
     }
     stableSort(split.numbers, ascending);

@@ -52,7 +52,7 @@ Ptr<Table> TableImplementation::unnamedBy(TableImplementation const& operand, bo
         Cell const nameCell(name);
         bool const named = operand.get(lookup.find(nameCell), 0).isA() != Cell::EmptyCell;
         if (!named && (keepUnnamed || !name.empty())) {
-            made(others).addIndex(nameCell, 0);
+            made(others).addSized(nameCell, 1);
         }
     }
     return others;

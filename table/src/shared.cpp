@@ -11,6 +11,13 @@ TableImplementation const& TableImplementation::of(Table const& table) {
     return table.body();
 }
 
+Ptr<TableImplementation> TableImplementation::writable(Table& table) {
+    if (!table.data_) {
+        table.data_ = makePtr<TableImplementation>(Str());
+    }
+    return table.data_;
+}
+
 TableImplementation const& TableImplementation::required(Ptr<Table const> const& operand,
                                                          char const* complaint) {
     if (!operand) {

@@ -35,7 +35,12 @@ Table::Table(Ptr<TableImplementation> const& body)
 
 Table::Table(Table const& other) = default;
 
-Table& Table::operator=(Table const& other) = default;
+Table& Table::operator=(Table const& other) {
+    Table kept(other); // `other` may go with the bodies that are released here
+    data_.swap(kept.data_);
+    attributes_.swap(kept.attributes_);
+    return *this;
+}
 
 Table::~Table() = default;
 
@@ -115,7 +120,7 @@ Ptr<Table> Table::getAttributes() const {
 }
 
 void Table::setAttributes(Ptr<Table> table) {
-    attributes_ = table ? table->data_ : makePtr<TableImplementation>(Str());
+    attributes_ = table ? TableImplementation::writable(*table) : makePtr<TableImplementation>(Str());
 }
 
 std::ostream& Table::display(std::ostream& os, int number) const {

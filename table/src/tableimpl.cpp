@@ -50,7 +50,7 @@ Cell& TableImplementation::at(Str const& name, std::size_t j) {
         return at(i, j);
     }
     std::size_t const position = j == npos ? 1 : j;
-    return addIndex(nameCell, position)[position];
+    return addSized(nameCell, position + 1)[position];
 }
 
 Cell& TableImplementation::at(std::size_t i, std::size_t j, Cell const& cell) {
@@ -81,7 +81,7 @@ std::size_t TableImplementation::findIndex(Cell const& name) const {
 }
 
 std::size_t TableImplementation::addIndex(Str const& name) {
-    addIndex(Cell(name), 0);
+    addSized(Cell(name), 1);
     return indices_.size() - 1;
 }
 
@@ -96,23 +96,16 @@ Cell& TableImplementation::reach(std::size_t i, std::size_t j) {
     return indices_[i][j];
 }
 
-TableImplementation::Index& TableImplementation::addIndex(Cell const& name, std::size_t j) {
-    Index added(j + 1);
+TableImplementation::Index& TableImplementation::addSized(Cell const& name, std::size_t items) {
+    Index added(items);
     added.front() = name;
     indices_.push_back(std::move(added));
     return indices_.back();
 }
 
-void TableImplementation::addIndex(Cell const& name, std::vector<Cell>&& items) {
+void TableImplementation::addFilled(Cell const& name, std::vector<Cell>&& items) {
     items.insert(items.begin(), name);
     indices_.push_back(std::move(items));
-}
-
-Ptr<TableImplementation> TableImplementation::writable(Table& table) {
-    if (!table.data_) {
-        table.data_ = makePtr<TableImplementation>(Str());
-    }
-    return table.data_;
 }
 
 } // namespace QX

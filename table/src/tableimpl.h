@@ -56,10 +56,10 @@ public:
     Column column(std::size_t i) const { return column(i, items()); }
     /// Adds an index that holds only its name and returns its number.
     std::size_t addIndex(Str const& name);
-    /// Adds an index of at least j + 1 items, the first of them `name`.
-    Index& addIndex(Cell const& name, std::size_t j);
+    /// Adds an index of so many items, at least one, the first of them `name`.
+    Index& addSized(Cell const& name, std::size_t items);
     /// Adds an index of a name and further items.
-    void addIndex(Cell const& name, std::vector<Cell>&& items);
+    void addFilled(Cell const& name, std::vector<Cell>&& items);
 
     bool check() const;
     /// A deep copy as a new table with empty attributes.
@@ -131,7 +131,9 @@ private:
 /// The nested table of a table cell; null for every other cell.
 inline Ptr<Table> tableOf(Cell const& cell) {
     Ptr<Table> table;
-    cell.get(table);
+    if (cell.isA() == Cell::TableCell) {
+        cell.get(table);
+    }
     return table;
 }
 

@@ -94,7 +94,7 @@ private:
         }
         Cell const nested(makePtr<Table>(toStr(step.name)));
         std::size_t const item = step.item == Table::npos ? 1 : step.item;
-        table.addIndex(name, std::max<std::size_t>(item, 1))[1] = nested;
+        table.addSized(name, std::max<std::size_t>(item, 1) + 1)[1] = nested;
         return table.indices() - 1;
     }
 
@@ -104,21 +104,22 @@ private:
     std::vector<Cell> values_;
 };
 
-} // namespace
-
-Ptr<Table> Table::pathBase() const {
+/// The table that a walk starts from, which holds the addressed one.
+Ptr<Table> pathBase(Body const& addressed) {
     Ptr<Table> const base = makePtr<Table>(Str("Xpath"));
-    base->at(Str("base"), 1) = Cell(makePtr<Table>(data_));
+    base->at(Str("base"), 1) = Cell(makePtr<Table>(addressed));
     return base;
 }
 
+} // namespace
+
 Status Table::XPath(Str const& path, Ptr<Table>& result, char separator) const {
     Walk walk(heldBody(), false);
-    result = pathBase();
+    result = pathBase(data_);
     walk.follow(view(path), separator, false);
     if (walk.begun()) {
         Ptr<Table> const results = makePtr<Table>(Str("results"));
-        TableImplementation::made(results).addIndex(Cell(toStr(walk.name())), std::move(walk.values()));
+        TableImplementation::made(results).addFilled(Cell(toStr(walk.name())), std::move(walk.values()));
         result = results;
     }
     return Status();
@@ -128,7 +129,7 @@ Cell Table::atXPath(Str const& path, Cell const& /*defaultValue*/, char separato
     Walk walk(heldBody(), false);
     walk.follow(view(path), separator, false);
     if (!walk.begun()) {
-        return pathBase()->get(0, 1);
+        return pathBase(data_)->get(0, 1);
     }
     return walk.values().empty() ? Cell() : walk.values().front();
 }
