@@ -15,7 +15,6 @@ namespace qxtab {
 
 namespace {
 
-int const failed = 1;
 int const misused = 2;
 
 std::string readDelimiter(std::string& text) {
@@ -34,7 +33,7 @@ std::string checkCount(std::string const& text) {
 void addSharedOptions(CLI::App& app, Command const& command, Options& options) {
     app.add_option("file", options.files, "CSV or TSV file with a header row; - is standard input")
         ->required()
-        ->expected(static_cast<int>(command.fewestFiles), static_cast<int>(command.mostFiles))
+        ->expected(command.fewestFiles, command.mostFiles)
         ->type_name("FILE");
     app.add_option("--as", options.as, "What to write")
         ->check(CLI::IsMember(formatNames()))
@@ -50,6 +49,9 @@ void addSharedOptions(CLI::App& app, Command const& command, Options& options) {
 
 void add(CLI::App& app, Command const& command, Options& options, Command const*& chosen) {
     CLI::App& added = *app.add_subcommand(command.name, command.summary);
+    if (command.help != nullptr) {
+        added.footer(command.help);
+    }
     addSharedOptions(added, command, options);
     if (command.addOptions != nullptr) {
         command.addOptions(added, options);
@@ -77,13 +79,15 @@ void flushOutput() {
     }
 }
 
-void run(Command const& command, Options const& options) {
+int run(Command const& command, Options const& options) {
     Inputs inputs;
     for (std::string const& file : options.files) {
-        inputs.push_back(readTable(file, options.delimiter));
+        inputs.push_back({messageName(file), readTable(file, options.delimiter)});
     }
-    writeTable(std::cout, command.run(options, inputs), options);
+    Outcome const outcome = command.run(options, inputs);
+    writeTable(std::cout, outcome.table, options);
     flushOutput();
+    return outcome.exitCode;
 }
 
 int tell(std::string const& message, int exitCode) {
@@ -92,10 +96,9 @@ int tell(std::string const& message, int exitCode) {
 }
 
 template <typename Action>
-int runToExitCode(Action action) {
+int runToExitCode(Action action, int failed) {
     try {
-        action();
-        return 0;
+        return action();
     } catch (QX::Except const& e) {
         return tell(bytes(e.report().message(false)), failed);
     } catch (Failure const& e) {
@@ -122,11 +125,11 @@ int main(int argc, char** argv) {
     } catch (CLI::ParseError const& e) {
         if (e.get_exit_code() == 0) {
             app.exit(e);
-            return runToExitCode(flushOutput);
+            return runToExitCode([] { return flushOutput(), 0; }, 1);
         }
         return tell(std::string(e.what()) + "\nTry qxtab --help, or --help behind a command.", misused);
     }
-    return runToExitCode([&] { run(*chosen, options); });
+    return runToExitCode([&] { return run(*chosen, options); }, chosen->failed);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <qx/qx.h>
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -13,6 +15,24 @@ struct Options {
     std::string delimiter;           ///< one character; empty to go by the ending of each file's name
     std::string as = "text";         ///< the output format, one of formatNames()
     std::optional<std::size_t> head; ///< how many data rows to write; all when not set
+
+    QX::Ptr<QX::Table const> operand; ///< --by, --columns or --values; null when not given
+    std::vector<QX::Ptr<QX::Table const>> conditions; ///< one operand for each --where
+    int rows = 0;                                     ///< the least number of data rows that fill gives
+
+    // The flags of the operations, named as in the library.
+    bool descending = false;
+    bool exclude = false;
+    bool keepEmpty = false;
+    bool keepUnmatched = false;
+    bool distinct = false;
+    bool invert = false;
+    bool addIndices = false;
+    bool byName = false;
+    bool matchedOnly = false;
+    bool emptyOverwrites = false;
+    bool operandItems = false;
+    bool ignoreCase = false;
 };
 
 } // namespace qxtab

@@ -27,10 +27,6 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-std::string messageName(std::string const& file) {
-    return file == "-" ? "standard input" : file;
-}
-
 [[noreturn]] void failForSystem(std::string const& file) {
     throw Failure(messageName(file) + ": " + std::strerror(errno));
 }
@@ -65,6 +61,10 @@ std::string_view withoutMark(std::string_view text, std::string const& file) {
 }
 
 } // namespace
+
+std::string messageName(std::string const& file) {
+    return file == "-" ? "standard input" : file;
+}
 
 QX::Ptr<QX::Table> readTable(std::string const& file, std::string const& delimiter) {
     File const input = open(file);

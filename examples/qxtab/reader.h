@@ -6,6 +6,9 @@
 
 namespace qxtab {
 
+/// What messages call a file of the command line.
+std::string messageName(std::string const& file);
+
 /// Reads a file of delimiter-separated values, or standard input for "-", into a new table named after
 /// the file.
 ///
