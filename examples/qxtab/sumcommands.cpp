@@ -78,12 +78,12 @@ Outcome sum(Options const& options, Inputs const& inputs) {
 void checkShape(Input const& left, Input const& right) {
     auto const checkCount = [&](std::size_t a, std::size_t b, char const* what) {
         if (a != b) {
-            throw Failure(left.file + " has " + std::to_string(a) + what + " and " + right.file +
-                          " has " + std::to_string(b) + ": both need the same number");
+            throw Failure(left.file + " and " + right.file + " need the same number of " + what +
+                          ", and have " + std::to_string(a) + " and " + std::to_string(b));
         }
     };
-    checkCount(left.table->indices(), right.table->indices(), " indices");
-    checkCount(dataRows(*left.table), dataRows(*right.table), " data rows");
+    checkCount(left.table->indices(), right.table->indices(), "indices");
+    checkCount(dataRows(*left.table), dataRows(*right.table), "data rows");
 }
 
 // Positions count here, not names: indices in another order combine what they should not.
