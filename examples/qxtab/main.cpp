@@ -34,6 +34,7 @@ void addSharedOptions(CLI::App& app, Command const& command, Options& options) {
     app.add_option("file", options.files, "CSV or TSV file with a header row; - is standard input")
         ->required()
         ->expected(command.fewestFiles, command.mostFiles)
+        ->allow_extra_args(command.mostFiles == Command::anyNumber) // if so, "[x]" means x, "./[x]" not
         ->type_name("FILE");
     app.add_option("--as", options.as, "What to write")
         ->check(CLI::IsMember(formatNames()))
