@@ -78,6 +78,20 @@ inline std::string shown(Table const& table, int number = -1) {
     return written([&](std::ostream& os) { table.display(os, number); });
 }
 
+/// The message of the Except that `call` raises, "" when it raises none.
+template <typename Call>
+std::string raised(Call const& call) {
+    try {
+        call();
+    } catch (Except const& except) {
+        Report const& report = except.report();
+        EXPECT_EQ(string(report.file()), "table\\src\\tableimpl");
+        EXPECT_GT(report.line(), 0);
+        return outcome(report);
+    }
+    return "";
+}
+
 inline Ptr<Table> nested(Cell const& cell) {
     Ptr<Table> table;
     cell.get(table);
