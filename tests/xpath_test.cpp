@@ -66,9 +66,9 @@ TEST(TableXPath, SharesWhatItReaches) {
     EXPECT_EQ(brief(t->get(0, 1)), "11");
     nested(t->atXPath("", Cell()))->at("price", 2) = Cell(21);
     EXPECT_EQ(brief(t->get(0, 2)), "21");
-    result = t;
+    result = brief(fruit);
     result->XPath("price", result);
-    EXPECT_EQ(brief(*result), "price 11 21 30");
+    EXPECT_EQ(brief(*result), "price 10 20 30") << "from the last handle to the table";
 }
 
 TEST(TableXPath, TakesAnySeparator) {

@@ -1,0 +1,313 @@
+// Each fast way gives what the plain way gives.
+
+#include "generated.h"
+#include "table/src/namelookup.h"
+#include "table/src/rowdistinct.h"
+#include "table/src/rowmatch.h"
+#include "table/src/roworder.h"
+
+#include <algorithm>
+#include <set>
+
+namespace QX {
+namespace {
+
+using Cells = Generator::Cells;
+
+std::string listed(Cells const& cells) {
+    std::string all;
+    for (Cell const& cell : cells) {
+        all += exact(cell) + "; ";
+    }
+    return all;
+}
+
+TEST(FastPath, FindsRowsByKeys) {
+    Generator make(1);
+    std::size_t found = 0;
+    for (int round = 0; round < 6000; ++round) {
+        Cells const pool = make.pool(make.below(4) == 0);
+        Cells const cells = make.column(pool, make.below(12));
+        Cells const values = make.column(pool, make.below(12));
+        Column const column(cells, cells.size() + make.below(3), TableImplementation::sharedEmptyCell());
+        Column const sought(values, values.size() + make.below(3),
+                            TableImplementation::sharedEmptyCell());
+        Rows const plain = rowsByComparing(column, sought);
+        found += plain.size();
+        ASSERT_EQ(rowsByKeys(column, sought), plain) << listed(cells) << " / " << listed(values);
+        ASSERT_EQ(rowsOfValues(column, sought), plain) << listed(cells) << " / " << listed(values);
+    }
+    EXPECT_GT(found, 10000U);
+}
+
+/// The rows in the order that an honest column has.
+Rows orderedStably(Column const& column, Rows rows, bool ascending) {
+    std::stable_sort(rows.begin(), rows.end(), [&](std::size_t a, std::size_t b) {
+        Cell const& first = column[ascending ? a : b];
+        Cell const& second = column[ascending ? b : a];
+        return first.empty() || second.empty() ? first.empty() && !second.empty() : first < second;
+    });
+    return rows;
+}
+
+TEST(FastPath, OrdersRowsBySorting) {
+    Generator make(2);
+    int sorted = 0;
+    for (int round = 0; round < 12000; ++round) {
+        bool const honest = make.below(3) == 0;
+        Cells const cells = make.column(make.pool(honest), 1 + make.below(14));
+        Column const column(cells, cells.size() + make.below(3), TableImplementation::sharedEmptyCell());
+        Rows rows;
+        for (std::size_t n = make.below(20); n > 0 && column.items() > 1; --n) {
+            rows.push_back(1 + make.below(column.items() - 1)); // a row may be there twice
+        }
+        for (bool const ascending : {true, false}) {
+            Rows const plain = orderedByComparing(column, rows, ascending);
+            std::optional<Rows> const fast = orderedBySorting(column, rows, ascending);
+            ASSERT_TRUE(fast || !honest) << listed(cells);
+            ASSERT_EQ(ordered(column, rows, ascending), plain) << listed(cells);
+            if (fast) {
+                sorted += honest ? 0 : 1;
+                ASSERT_EQ(*fast, plain) << listed(cells);
+                ASSERT_EQ(*fast, orderedStably(column, rows, ascending)) << listed(cells);
+            }
+        }
+    }
+    EXPECT_GT(sorted, 1000) << "in columns that were not made to be honest";
+}
+
+Rows distinctPlainly(Table const& table) {
+    Rows kept{0};
+    for (std::size_t j = 1; j < table.items(0); ++j) {
+        bool const repeats = std::any_of(kept.begin(), kept.end(), [&](std::size_t earlier) {
+            std::size_t i = 0;
+            while (i < table.indices() && table.get(i, earlier).compare(table.get(i, j), false)) {
+                ++i;
+            }
+            return i == table.indices();
+        });
+        if (!repeats) {
+            kept.push_back(j);
+        }
+    }
+    kept.erase(kept.begin());
+    return kept;
+}
+
+TEST(FastPath, FindsDistinctRows) {
+    Generator make(3);
+    std::size_t dropped = 0;
+    for (int round = 0; round < 8000; ++round) {
+        Ptr<Table> const t = make.table(make.pool(make.below(4) == 0), make.below(4), make.below(20));
+        TableImplementation const& body = TableImplementation::of(*t);
+        Rows const plain = distinctPlainly(*t);
+        dropped += t->items(0) - plain.size();
+        ASSERT_EQ(distinctRows(body), plain) << exact(*t);
+        ASSERT_EQ(distinctByComparing(body), plain) << exact(*t);
+    }
+    EXPECT_GT(dropped, 10000U);
+}
+
+std::string displayed(Cell const& cell) {
+    std::ostringstream os;
+    os.precision(17);
+    os << cell;
+    return os.str();
+}
+
+TEST(FastPath, FindsRowsThatDisplayAlike) {
+    Generator make(4);
+    for (int round = 0; round < 3000; ++round) {
+        Ptr<Table> const t = make.table(make.pool(make.flip()), make.below(4), make.below(16));
+        Ptr<Table> result;
+        (void)t->append(Ptr<Table>(new Table), result, false, true);
+        std::set<std::string> seen;
+        Table expected;
+        for (std::size_t j = 0; j < t->items(0); ++j) {
+            std::string key;
+            for (std::size_t i = 0; i < t->indices(); ++i) {
+                key += ":" + displayed(t->get(i, j));
+            }
+            for (std::size_t i = 0; i < t->indices() && seen.count(key) == 0; ++i) {
+                expected.at(i, Table::npos) = t->get(i, j);
+            }
+            seen.insert(key);
+        }
+        ASSERT_EQ(exact(*result), exact(expected)) << exact(*t);
+    }
+}
+
+TEST(FastPath, FindsNames) {
+    Generator make(5);
+    int found = 0;
+    for (int round = 0; round < 400; ++round) {
+        Cells const pool = make.pool(false);
+        Ptr<Table> const t = make.table(pool, make.below(30), 2);
+        Ptr<TableImplementation> const body = TableImplementation::writable(*t);
+        NameLookup lookup(*body);
+        for (int step = 0; step < 60; ++step) {
+            Cell const& name = pool[make.below(pool.size())];
+            ASSERT_EQ(lookup.find(name), body->findIndex(name)) << exact(*t) << " / " << exact(name);
+            found += body->findIndex(name) == Table::npos ? 0 : 1;
+            std::size_t const i = make.below(body->indices() + 1);
+            if (i == body->indices()) {
+                body->addIndex(pool[make.below(pool.size())], 0);
+            } else if (body->length(i) > 0) {
+                Cell const former = body->get(i, 0);
+                body->at(i, 0) = pool[make.below(pool.size())];
+                lookup.renamed(i, former);
+            }
+        }
+    }
+    EXPECT_GT(found, 5000);
+}
+
+// The operations by their steps, a name looked up from the first index on each time.
+
+std::size_t findPlainly(Table const& table, Cell const& name) {
+    for (std::size_t i = 0; i < table.indices(); ++i) {
+        if (length(table, i) > 0 && table.get(i, 0).compare(name, false)) {
+            return i;
+        }
+    }
+    return Table::npos;
+}
+
+Cell nameByText(Cell const& name) {
+    Str text;
+    name.get(text, 0);
+    return Cell(text);
+}
+
+Ptr<Table> rectangle(Table const& table) {
+    Ptr<Table> copy(new Table);
+    for (std::size_t i = 0; i < table.indices(); ++i) {
+        for (std::size_t j = table.items(0); j-- > 0;) {
+            copy->at(i, j) = table.get(i, j);
+        }
+    }
+    return copy;
+}
+
+Ptr<Table> mergePlainly(Table const& left, Table const& right) {
+    Ptr<Table> const result = rectangle(left);
+    for (std::size_t k = 0; k < right.indices(); ++k) {
+        std::size_t const match = findPlainly(*result, right.get(k, 0));
+        std::size_t const target = match == Table::npos ? result->indices() : match;
+        for (std::size_t j = right.items(0); j-- > 0;) {
+            result->at(target, j) = right.get(k, j);
+        }
+    }
+    return result;
+}
+
+Ptr<Table> appendPlainly(Table const& left, Table const& right) {
+    Ptr<Table> const result = rectangle(left);
+    std::size_t const base = result->items(0) == 0 ? 0 : result->items(0) - 1;
+    for (std::size_t k = 0; k < right.indices(); ++k) {
+        Cell const name = nameByText(right.get(k, 0));
+        if (findPlainly(*result, name) == Table::npos) {
+            result->at(Table::npos, 0) = name;
+        }
+        for (std::size_t j = right.items(0); j-- > 1;) {
+            result->at(findPlainly(*result, name), base + j) = right.get(k, j);
+        }
+    }
+    return result;
+}
+
+Ptr<Table> overlayPlainly(Table const& left, Table const& right) {
+    Ptr<Table> const result = rectangle(left);
+    for (std::size_t k = right.indices(); k-- > 0;) {
+        std::size_t const match = findPlainly(left, right.get(k, 0));
+        std::size_t const target = match == Table::npos ? result->indices() : match;
+        for (std::size_t j = right.items(0); j-- > 0;) {
+            if (!right.get(k, j).empty()) {
+                result->at(target, j) = right.get(k, j);
+            }
+        }
+    }
+    return result;
+}
+
+Ptr<Table> selectPlainly(Table const& left, Table const& names, bool invert) {
+    Ptr<Table> result(new Table);
+    Table const& from = invert ? left : names;
+    for (std::size_t k = 0; k < from.indices(); ++k) {
+        Cell name = from.get(k, 0);
+        if (invert) {
+            std::size_t const named = findPlainly(names, nameByText(name));
+            if (names.get(named, 0).isA() != Cell::EmptyCell) {
+                continue;
+            }
+            name = nameByText(name);
+        }
+        std::size_t const r = result->indices();
+        std::size_t const match = findPlainly(left, nameByText(name));
+        result->at(r, 0) = name;
+        for (std::size_t j = left.items(0); j-- > 1 && match != Table::npos;) {
+            result->at(r, j) = left.get(match, j);
+        }
+        if (match != Table::npos && !invert && !names.get(k, 1).empty()) {
+            result->at(r, 0) = names.get(k, 1);
+        }
+    }
+    return result;
+}
+
+void walkPlainly(Table const& near, Table const& far, bool first, Table& result) {
+    for (std::size_t i = 0; i < near.indices(); ++i) {
+        std::string const name = text(near.get(i, 0));
+        std::size_t const position = i < far.indices() ? i : Table::npos;
+        std::size_t const k = name.empty() ? position : findPlainly(far, nameByText(near.get(i, 0)));
+        for (std::size_t j = 0; j < near.items(0); ++j) {
+            Cell const& a = near.get(i, j);
+            bool const lacking = k == Table::npos || j >= far.items(0);
+            Cell const b = lacking ? Cell("missing") : far.get(k, j);
+            if (lacking ? !a.empty() : first && !a.compare(b, false)) {
+                result.at("Xpath", Table::npos) =
+                    Cell(Str((name.empty() ? "" : "/" + name) + "[" + std::to_string(j) + "]"));
+                result.at("Left", Table::npos) = first ? a : b;
+                result.at("Right", Table::npos) = first ? b : a;
+            }
+        }
+    }
+}
+
+Ptr<Table> comparePlainly(Table const& left, Table const& right) {
+    Ptr<Table> const result = table("", {{"Xpath"}, {"Left"}, {"Right"}});
+    walkPlainly(left, right, true, *result);
+    walkPlainly(right, left, false, *result);
+    return result->items(0) < 2 ? table("") : result;
+}
+
+TEST(FastPath, OperationsOnManyNamesKeepToTheirSteps) {
+    Generator make(6);
+    for (int round = 0; round < 200; ++round) {
+        Cells pool = make.pool(round % 4 == 0);
+        for (int n = 0; n < 6; ++n) {
+            pool.push_back(Cell(Str("name " + std::to_string(make.below(30)))));
+        }
+        std::erase_if(pool, [](Cell const& cell) { return cell.isA() == Cell::TableCell; });
+        Ptr<Table> const left = make.table(pool, make.below(40), 3);
+        Ptr<Table> const right = make.table(pool, make.below(40), 2);
+        SCOPED_TRACE(exact(*left) + "----\n" + exact(*right));
+        Ptr<Table> result;
+        (void)left->merge(right, result, true);
+        ASSERT_EQ(exact(*result), exact(*mergePlainly(*left, *right)));
+        (void)left->append(right, result, true, false);
+        ASSERT_EQ(exact(*result), exact(*appendPlainly(*left, *right)));
+        (void)left->overlay(right, result, false, false, true);
+        ASSERT_EQ(exact(*result), exact(*overlayPlainly(*left, *right)));
+        for (bool const invert : {false, true}) {
+            (void)left->select(right, result, true, false, invert);
+            ASSERT_EQ(exact(*result), exact(*selectPlainly(*left, *right, invert)));
+        }
+        (void)left->compare(right, result, false);
+        ASSERT_EQ(exact(*result), exact(*comparePlainly(*left, *right)));
+        ASSERT_EQ(left->match(right, false), result->indices() == 0);
+    }
+}
+
+} // namespace
+} // namespace QX
