@@ -62,7 +62,7 @@ private:
         NameLookup lookup(far);
         std::size_t const nearItems = near.items();
         std::size_t const farItems = far.items();
-        for (std::size_t i = 0; i < near.indices(); ++i) {
+        for (std::size_t i = 0; i < near.indices() && !differences_.complete(); ++i) {
             Str name; // stays empty when the name has no text: then the index is paired by position
             near.get(i, 0).get(name, 0);
             std::size_t const position = i < far.indices() ? i : Table::npos;
