@@ -231,7 +231,7 @@ TEST(TableOperations, FindManyNamesInLinearTime) {
         Ptr<Table> result;
         auto const start = std::chrono::steady_clock::now();
         (void)each.run(*left, name.find("select") == 0 ? names : right, result);
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+        ASSERT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
     }
 }
 
