@@ -151,7 +151,7 @@ TEST(FastPath, FindsNames) {
             found += body->findIndex(name) == Table::npos ? 0 : 1;
             std::size_t const i = make.below(body->indices() + 1);
             if (i == body->indices()) {
-                body->addIndex(pool[make.below(pool.size())], 0);
+                body->addSized(pool[make.below(pool.size())], 1);
             } else if (body->length(i) > 0) {
                 Cell const former = body->get(i, 0);
                 body->at(i, 0) = pool[make.below(pool.size())];

@@ -140,7 +140,9 @@ public:
     /// attributes.
     Ptr<Table> getAttributes() const;
     /// Makes the data of `table`, shared, the attributes of this table; a null handle gives new, empty
-    /// attributes, and a table without a data body gets one first.
+    /// attributes. A table without a data body leaves this one without attributes of its own until
+    /// setAttribute() makes some, named "Attributes": getAttribute() then leaves its value as it was,
+    /// and what is written through getAttributes() is not kept.
     ///
     /// Handles copied from this one before keep the attributes they had.
     void setAttributes(Ptr<Table> table);
@@ -194,7 +196,7 @@ public:
     /// Returns Ok. Raises as atXPath() with `create` true.
     Status setAttribute(Str const& path, Cell const& value);
     /// Makes `value` share the body of the first value at a path in this table's attributes, an empty
-    /// cell when there is none. Always returns Ok.
+    /// cell when there is none; leaves it as it was when there are no attributes. Always returns Ok.
     Status getAttribute(Str const& path, Cell& value) const;
 
     // Whole-table operations

@@ -120,7 +120,7 @@ Ptr<Table> Table::getAttributes() const {
 }
 
 void Table::setAttributes(Ptr<Table> table) {
-    attributes_ = table ? TableImplementation::writable(*table) : makePtr<TableImplementation>(Str());
+    attributes_ = table ? table->data_ : makePtr<TableImplementation>(Str());
 }
 
 std::ostream& Table::display(std::ostream& os, int number) const {
