@@ -2,6 +2,7 @@
 
 #include "base/immortal.h"
 #include "base/makeptr.h"
+#include "base/strview.h"
 #include "cell/cellempty.h"
 #include "cell/cellerror.h"
 #include "cell/cellnumeric.h"
@@ -23,7 +24,7 @@ bool isErrorText(Str const& text) {
 }
 
 Ptr<CellImplementation> bodyOf(Str const& text) {
-    std::string_view const view(text.data(), text.size());
+    std::string_view const view = viewOf(text);
     AnalyticDouble const number = readNumber(view);
     if (number.isValid()) {
         return makePtr<CellNumeric>(number);

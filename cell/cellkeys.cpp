@@ -1,5 +1,6 @@
 #include "cell/cellkeys.h"
 
+#include "base/hash.h"
 #include "cell/cellvalue.h"
 
 #include <bit>
@@ -13,9 +14,7 @@ namespace {
 enum class Match : std::uint64_t { Empty, Text, Number, DateOfText, DateOfNumber, Table, Error };
 
 std::uint64_t key(Match match, std::uint64_t value) {
-    std::uint64_t hash = value + (static_cast<std::uint64_t>(match) << 56U);
-    hash *= 0x9E3779B97F4A7C15U; // spreads neighbouring values over the whole range
-    return hash ^ (hash >> 32U);
+    return spread(value + (static_cast<std::uint64_t>(match) << 56U));
 }
 
 std::uint64_t key(Match match, std::string_view text) {

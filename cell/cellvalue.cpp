@@ -1,5 +1,6 @@
 #include "cell/cellvalue.h"
 
+#include "base/strview.h"
 #include "cell/cellnumeric.h"
 #include "cell/cellstring.h"
 #include "cell/celltable.h"
@@ -14,11 +15,9 @@ CellValue valueOf(Cell const& cell) {
     case Cell::EmptyCell:
     case Cell::ErrorCell:
         break;
-    case Cell::StringCell: {
-        Str const& text = static_cast<CellString const&>(body).text();
-        value.text = std::string_view(text.data(), text.size());
+    case Cell::StringCell:
+        value.text = viewOf(static_cast<CellString const&>(body).text());
         break;
-    }
     case Cell::NumericCell:
         value.number = static_cast<CellNumeric const&>(body).value();
         break;

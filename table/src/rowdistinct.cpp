@@ -1,7 +1,7 @@
 #include "table/src/rowdistinct.h"
 
+#include "base/hash.h"
 #include "cell/cellvalue.h"
-#include "cell/numbertext.h"
 #include "table/src/rowset.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 #include <cmath>
 #include <cstdint>
 #include <functional>
-#include <limits>
+#include <string_view>
 #include <vector>
 
 namespace QX {
@@ -18,75 +18,83 @@ namespace {
 
 using Hash = std::uint64_t;
 
-Hash mixed(Hash seed, Hash value) {
-    Hash const spread = (seed ^ value) * 0x9E3779B97F4A7C15U;
-    return spread ^ (spread >> 32U);
-}
-
 /// Hashes the cells of one column so that cells which may equal each other get the same hash.
 class ColumnHashes {
 public:
-    explicit ColumnHashes(Column const& column) {
-        hashes_.reserve(column.items());
-        for (std::size_t j = 0; j < column.items() && honest_; ++j) {
-            hashes_.push_back(hash(column[j]));
+    explicit ColumnHashes(Column const& column) : hashes_(column.items()) {
+        bool dates = false;
+        for (std::size_t j = 0; j < column.items(); ++j) {
+            CellValue const value = valueOf(column[j]);
+            if (value.kind == Cell::StringCell && !value.text.empty()) {
+                hashes_[j] = std::hash<std::string_view>()(value.text);
+                dates = dates || isDate(column[j]);
+            } else if (value.kind == Cell::TableCell) {
+                hashes_[j] = reinterpret_cast<std::uintptr_t>(value.table);
+            } else if (value.kind == Cell::NumericCell) {
+                numbers_.push_back({place(value.number.get()), j, value.number.isValid()});
+                apart_ = apart_ && standsApart(value.number);
+            } // empty cells, texts without characters and errors, which equal one another, keep hash 0
         }
-        honest_ = honest_ && !(mixesDates_ && !numbers_.empty()) && !hasNeighbours();
+        usable_ = !dates || numbers_.empty(); // a date equals every number of its day
+        hashNumbers();
     }
 
-    /// Mixes the hashes into those of the rows; does nothing when equality is not transitive in this
-    /// column.
+    /// Mixes the hashes into those of the rows, unless they would tell apart what may be equal.
     void mixInto(std::vector<Hash>& rows) const {
-        for (std::size_t j = 0; j < rows.size() && honest_; ++j) {
-            rows[j] = mixed(rows[j], hashes_[j]);
+        for (std::size_t j = 0; j < rows.size() && usable_; ++j) {
+            rows[j] = spread(rows[j] ^ hashes_[j]);
         }
     }
 
 private:
-    Hash hash(Cell const& cell) {
-        CellValue const value = valueOf(cell);
-        switch (value.kind) {
-        case Cell::EmptyCell:
-        case Cell::ErrorCell:
-            return 0; // a text without characters may equal either
-        case Cell::StringCell:
-            mixesDates_ = mixesDates_ || isDate(cell);
-            return value.text.empty() ? 0 : std::hash<std::string_view>()(value.text);
-        case Cell::NumericCell:
-            return hash(value.number);
-        case Cell::TableCell:
-            return reinterpret_cast<std::uintptr_t>(value.table);
+    struct Number {
+        std::int64_t place;
+        std::size_t row;
+        bool valid;
+
+        bool operator<(Number const& other) const { return place < other.place; }
+        /// True when this one is the same as an earlier one, or the next in the grid.
+        bool follows(Number const& earlier) const {
+            return place == earlier.place || place == earlier.place + 1;
         }
-        return 0;
+    };
+
+    /// Numbers a double in the double grid, both zeros as 0, so that equal cells are at most one apart.
+    static std::int64_t place(double number) {
+        auto const magnitude = std::bit_cast<std::int64_t>(std::fabs(number));
+        return std::signbit(number) ? -magnitude : magnitude;
     }
 
-    Hash hash(AnalyticDouble const& number) {
-        double const value = number.get() == 0 ? 0.0 : number.get(); // one zero for both
-        bool const smallest = std::fabs(value) == std::numeric_limits<double>::denorm_min();
-        honest_ = honest_ && number.isValid() && !std::isnan(value) && !smallest;
-        numbers_.push_back(value);
-        return std::bit_cast<Hash>(value);
+    /// True for a number of which no other of its sort is the next in the grid.
+    static bool standsApart(AnalyticDouble const& number) {
+        constexpr double limit = 4503599627370496.0; // from here on whole numbers are next to each other
+        double const value = number.get();
+        return number.isValid() && std::trunc(value) == value && std::fabs(value) < limit;
     }
 
-    bool hasNeighbours() {
-        constexpr double exact =
-            4503599627370496.0; // whole numbers below it are never next to each other
-        auto const apart = [](double value) {
-            return std::trunc(value) == value && std::fabs(value) < exact;
-        };
-        if (!honest_ || std::all_of(numbers_.begin(), numbers_.end(), apart)) {
-            return false;
+    /// Gives numbers that are linked by steps of one in the grid the same hash.
+    void hashNumbers() {
+        if (!apart_) {
+            std::sort(numbers_.begin(), numbers_.end());
         }
-        std::sort(numbers_.begin(), numbers_.end());
-        return std::adjacent_find(numbers_.begin(), numbers_.end(), [](double a, double b) {
-                   return a != b && equalNumbers(a, b);
-               }) != numbers_.end();
+        for (std::size_t first = 0; first < numbers_.size();) {
+            std::size_t end = first + 1;
+            bool valid = numbers_[first].valid;
+            while (!apart_ && end < numbers_.size() && numbers_[end].follows(numbers_[end - 1])) {
+                valid = valid && numbers_[end].valid;
+                ++end;
+            }
+            for (std::size_t k = first; k < end; ++k) { // an empty cell equals a number that is not valid
+                hashes_[numbers_[k].row] = valid ? spread(static_cast<Hash>(numbers_[first].place)) : 0;
+            }
+            first = end;
+        }
     }
 
     std::vector<Hash> hashes_;
-    std::vector<double> numbers_;
-    bool mixesDates_ = false;
-    bool honest_ = true;
+    std::vector<Number> numbers_;
+    bool apart_ = true; // no two different numbers are next to each other
+    bool usable_ = true;
 };
 
 bool equalRows(TableImplementation const& table, std::size_t earlier, std::size_t later) {

@@ -1,5 +1,6 @@
 #include "table/src/rowmatch.h"
 
+#include "base/strview.h"
 #include "cell/cellkeys.h"
 
 #include <cstdint>
@@ -12,7 +13,7 @@ namespace {
 std::string textOf(Cell const& cell) {
     Str text; // stays empty for a cell without text
     cell.get(text, 0);
-    return std::string(text.data(), text.size());
+    return std::string(viewOf(text));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "qx/tblpath.h"
 
+#include "base/strview.h"
 #include "table/src/pathstep.h"
 
 #include <string>
@@ -8,14 +9,6 @@
 namespace QX {
 
 namespace {
-
-std::string_view view(Str const& text) {
-    return {text.data(), text.size()};
-}
-
-Str toStr(std::string_view text) {
-    return std::string(text);
-}
 
 /// Hands out a step that was read, or says why there is none.
 Status deliver(PathStep const& step, Str& name, std::size_t& index) {
@@ -30,11 +23,11 @@ Status deliver(PathStep const& step, Str& name, std::size_t& index) {
 } // namespace
 
 TblPath::TblPath(Str const& path, char separator)
-    : path_(toStr(skipSeparators(view(path), separator))), separator_(separator) {
+    : path_(toStr(skipSeparators(viewOf(path), separator))), separator_(separator) {
 }
 
 Status TblPath::currentPath(Str& name, std::size_t& index, bool last) const {
-    std::string_view path = view(path_);
+    std::string_view path = viewOf(path_);
     PathStep const step = takeStep(path, separator_);
     if (last && step.last) {
         index = Table::npos;
@@ -44,21 +37,21 @@ Status TblPath::currentPath(Str& name, std::size_t& index, bool last) const {
 }
 
 Status TblPath::nextPath(Str& rest) const {
-    std::string_view path = view(path_);
+    std::string_view path = viewOf(path_);
     takeStep(path, separator_);
     rest = toStr(path);
     return Status();
 }
 
 Status TblPath::finalPath(Str& name, std::size_t& index) const {
-    std::string_view path = view(path_);
+    std::string_view path = viewOf(path_);
     path.remove_prefix(path.rfind(separator_) + 1); // npos + 1 is 0: the whole path
     return deliver(takeStep(path, separator_), name, index);
 }
 
 Str TblPath::stripPath() const {
     std::string text;
-    std::string_view rest = view(path_);
+    std::string_view rest = viewOf(path_);
     do {
         rest = skipSeparators(rest, separator_);
         text += separator_;
@@ -69,7 +62,7 @@ Str TblPath::stripPath() const {
 
 Str TblPath::parent() const {
     std::string text;
-    std::string_view rest = view(path_);
+    std::string_view rest = viewOf(path_);
     PathStep step = takeStep(rest, separator_);
     do {
         text += separator_;

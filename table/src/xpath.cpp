@@ -1,9 +1,9 @@
+#include "base/strview.h"
 #include "table/src/pathstep.h"
 #include "table/src/raise.h"
 #include "table/src/tableimpl.h"
 
 #include <algorithm>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -13,14 +13,6 @@ namespace QX {
 namespace {
 
 using Body = Ptr<TableImplementation>;
-
-std::string_view view(Str const& text) {
-    return {text.data(), text.size()};
-}
-
-Str toStr(std::string_view text) {
-    return std::string(text);
-}
 
 /// Follows a path from one table: each step is applied to every table that the step before has reached.
 class Walk {
@@ -115,19 +107,19 @@ Ptr<Table> pathBase(Body const& addressed) {
 
 Status Table::XPath(Str const& path, Ptr<Table>& result, char separator) const {
     Walk walk(heldBody(), false);
-    result = pathBase(data_);
-    walk.follow(view(path), separator, false);
+    walk.follow(viewOf(path), separator, false);
+    Ptr<Table> reached = pathBase(data_);
     if (walk.begun()) {
-        Ptr<Table> const results = makePtr<Table>(Str("results"));
-        TableImplementation::made(results).addFilled(Cell(toStr(walk.name())), std::move(walk.values()));
-        result = results;
+        reached = makePtr<Table>(Str("results"));
+        TableImplementation::made(reached).addFilled(Cell(toStr(walk.name())), std::move(walk.values()));
     }
+    result = reached; // last of all, since the path may be the name of the former result
     return Status();
 }
 
 Cell Table::atXPath(Str const& path, Cell const& /*defaultValue*/, char separator) const {
     Walk walk(heldBody(), false);
-    walk.follow(view(path), separator, false);
+    walk.follow(viewOf(path), separator, false);
     if (!walk.begun()) {
         return pathBase(data_)->get(0, 1);
     }
@@ -137,8 +129,8 @@ Cell Table::atXPath(Str const& path, Cell const& /*defaultValue*/, char separato
 Cell& Table::atXPath(Str const& path, bool create, char separator) {
     Ptr<TableImplementation> const root = heldBody();
     Walk walk(root, create);
-    walk.follow(view(path), separator, true);
-    std::string_view rest = view(path);
+    walk.follow(viewOf(path), separator, true);
+    std::string_view rest = viewOf(path);
     rest.remove_prefix(rest.rfind(separator) + 1); // npos + 1 is 0: the whole path
     PathStep const last = takeStep(rest, separator);
     Ptr<TableImplementation> const table = walk.firstTable();

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "qxbase/str.h"
+
+#include <string>
+#include <string_view>
+
+namespace QX {
+
+/// The bytes of a text, valid until it is changed or destroyed.
+inline std::string_view viewOf(Str const& text) {
+    return {text.data(), text.size()};
+}
+
+inline Str toStr(std::string_view text) {
+    return std::string(text);
+}
+
+} // namespace QX
