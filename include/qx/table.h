@@ -239,7 +239,8 @@ public:
     /// index without item 1 fills with empty cells; items 2 and beyond are not read.
     ///
     /// The result is named "THIS and THIS". Returns Ok, or Error "Fill Table must contain two rows" when
-    /// no operand index has two items (`result` is then left as it was).
+    /// no operand index has two items (`result` is then left as it was). Raises std::bad_alloc when
+    /// there is no memory for `count` items.
     Status fill(Ptr<Table const> const& operand, Ptr<Table>& result, int count) const;
 
     /// Adds the operand's rows below this table's, index by index of the same name.
@@ -305,8 +306,8 @@ public:
     /// specified as indices not items in the selection table" when an operand index has more than two
     /// items.
     ///
-    /// Cost: linear; `distinct` adds a constant per cell, and rows times kept rows only where every
-    /// index holds numbers next to each other, NaN, numbers that are not valid, or dates beside numbers.
+    /// Cost: linear; `distinct` sorts each index of fractions, and compares rows with all rows kept that
+    /// agree with them in every index that does not hold dates beside numbers.
     Status select(Ptr<Table const> const& operand, Ptr<Table>& result, bool keepUnmatched, bool distinct,
                   bool invert) const;
 
@@ -354,7 +355,9 @@ public:
     ///
     /// Where a key index's order and equality disagree, rows can be lost or repeated: a row is listed
     /// once for each distinct value that it equals. So a column with NaN loses rows, and rows whose
-    /// numbers are next to each other in the double grid are listed once for each of them.
+    /// numbers are next to each other in the double grid are listed once for each of them, anew by every
+    /// key. The order among tables, errors and texts that are dates beside numbers is unspecified, but
+    /// always the same for the same rows.
     ///
     /// The result is named after this table. Returns Ok; Error "Sort key not found" when the operand has
     /// no key with a text (`result` is then left as it was); or Error "Key not found" for an empty key
@@ -362,8 +365,9 @@ public:
     /// left as it was when there are none. Keys without a text are skipped.
     ///
     /// Cost of each key: n log n in the rows for an index of numbers, of texts, or of numbers and texts
-    /// that are no dates, with or without empty cells; otherwise rows times distinct values. The cells
-    /// are placed once.
+    /// that are no dates, with or without empty cells; for an index that also holds NaN, numbers next to
+    /// each other, errors, tables or dates, each distinct value costs a move of the ordered ones behind
+    /// it. The cells are placed once.
     Status sort(Ptr<Table const> const& operand, Ptr<Table>& result, bool ascending) const;
 
     /// Lists how `right` differs from this table, the left one: one item for each difference in each of
@@ -381,7 +385,7 @@ public:
     /// an index without a name begins anew ("[2]").
     ///
     /// The differences at positions of this table come first, in its order, then those of positions that
-    /// only `right` has.
+    /// only `right` has; in nested tables likewise, at the place of the cell that holds them.
     ///
     /// The result is named "THIS and RIGHT"; it has no indices when nothing differs. Always returns Ok.
     Status compare(Ptr<Table const> const& right, Ptr<Table>& result, bool flag) const;

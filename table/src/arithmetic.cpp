@@ -25,6 +25,12 @@ Status prefixed(char const* prefix, Status const& failure) {
     return Status(Str(prefix) + failure.message(false), Status::Error, -1);
 }
 
+Status expectedTable(std::size_t i, std::size_t j) {
+    Status mismatch("Mismatched table structure - expected table at index ", Status::Error, -1);
+    mismatch << i << " item " << j;
+    return mismatch;
+}
+
 bool areTables(Cell const& left, Cell const& right) {
     return left.isA() == Cell::TableCell && right.isA() == Cell::TableCell;
 }
@@ -49,6 +55,7 @@ Status TableImplementation::operation(TableImplementation const& right, Str cons
     if (Status const shape = checkShape(templ); !shape.ok()) {
         raise(prefixed("Template and operands ", shape));
     }
+    Ptr<Table> const former = result; // `op` may be its name
     Ptr<Table> const table = makePtr<Table>(op + " operation ");
     result = table;
     TableImplementation& computed = made(table);
@@ -56,21 +63,18 @@ Status TableImplementation::operation(TableImplementation const& right, Str cons
     for (std::size_t i = 0; i < indices(); ++i) {
         for (std::size_t j = 0; j < width; ++j) {
             Cell const& cell = get(i, j);
+            Cell const& other = right.get(i, j);
             Cell const& guide = templ.get(i, j);
-            if (guide.isA() == Cell::TableCell) {
-                if (!areTables(cell, right.get(i, j))) {
-                    Status mismatch("Mismatched table structure - expected table at index ",
-                                    Status::Error, -1);
-                    mismatch << i << " item " << j;
-                    raise(mismatch);
-                }
-                Ptr<Table> nested;
-                of(*tableOf(cell))
-                    .operation(of(*tableOf(right.get(i, j))), op, of(*tableOf(guide)), nested);
-                computed.at(i, j) = Cell(nested);
-            } else {
-                computed.at(i, j) = isMarker(guide) ? cell.operation(right.get(i, j), op) : cell;
+            if (guide.isA() != Cell::TableCell) {
+                computed.at(i, j) = isMarker(guide) ? cell.operation(other, op) : cell;
+                continue;
             }
+            if (!areTables(cell, other)) {
+                raise(expectedTable(i, j));
+            }
+            Ptr<Table> nested;
+            of(*tableOf(cell)).operation(of(*tableOf(other)), op, of(*tableOf(guide)), nested);
+            computed.at(i, j) = Cell(nested);
         }
     }
     return Status();

@@ -84,7 +84,8 @@ private:
                 valid = valid && numbers_[end].valid;
                 ++end;
             }
-            for (std::size_t k = first; k < end; ++k) { // an empty cell equals a number that is not valid
+            for (std::size_t k = first; k < end;
+                 ++k) { // an empty cell equals a number that is not valid
                 hashes_[numbers_[k].row] = valid ? spread(static_cast<Hash>(numbers_[first].place)) : 0;
             }
             first = end;

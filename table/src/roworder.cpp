@@ -2,11 +2,11 @@
 
 #include "cell/cellvalue.h"
 #include "cell/numbertext.h"
+#include "table/src/rowmatch.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <iterator>
 #include <limits>
 #include <string_view>
 #include <utility>
@@ -15,22 +15,66 @@ namespace QX {
 
 namespace {
 
-/// Puts a value in its place among ordered ones unless it is there already. The order need not be an
-/// honest one: the search stays within bounds whatever it answers.
-void insertValue(std::vector<Cell>& values, Cell const& value) {
+using CellOrder = std::vector<Cell const*>;
+
+/// Puts a value in its place among ordered ones unless it is there already. The order need not be an honest
+/// one: the search stays within bounds whatever it answers.
+void insertValue(CellOrder& values, Cell const& value) {
     std::size_t low = 0;
     std::size_t high = values.size();
     while (low < high) {
         std::size_t const middle = low + (high - low) / 2;
-        if (value < values[middle]) {
+        if (value < *values[middle]) {
             high = middle;
         } else {
             low = middle + 1;
         }
     }
-    if (low == 0 || values[low - 1] < value) {
-        values.insert(values.begin() + static_cast<std::ptrdiff_t>(low), value);
+    if (low == 0 || *values[low - 1] < value) {
+        values.insert(values.begin() + static_cast<std::ptrdiff_t>(low), &value);
     }
+}
+
+/// The rows whose cells are empty and the others, both as given, and the distinct values in their order.
+struct Values {
+    Rows empty;
+    Rows filled;
+    CellOrder values;
+
+    Values(Column const& column, Rows const& rows) {
+        for (std::size_t const row : rows) {
+            if (column[row].empty()) {
+                empty.push_back(row);
+            } else {
+                filled.push_back(row);
+                insertValue(values, column[row]);
+            }
+        }
+    }
+};
+
+/// Lists for each value the rows that equal it, as `match` finds them, and the empty ones at their end.
+template <typename Match>
+Rows grouped(Column const& column, Rows const& rows, bool ascending, Match const& match) {
+    Values parts(column, rows);
+    if (!ascending) {
+        std::reverse(parts.values.begin(), parts.values.end());
+    }
+    Cell const title;
+    std::vector<Cell> values{title}; // item 0, which takes no part
+    for (Cell const* value : parts.values) {
+        values.push_back(*value);
+    }
+    std::vector<Cell> cells{title};
+    for (std::size_t const row : parts.filled) {
+        cells.push_back(column[row]);
+    }
+    Rows listed = match(Column(cells, cells.size(), title), Column(values, values.size(), title));
+    for (std::size_t& place : listed) {
+        place = parts.filled[place - 1];
+    }
+    listed.insert(ascending ? listed.begin() : listed.end(), parts.empty.begin(), parts.empty.end());
+    return listed;
 }
 
 template <typename Key>
@@ -117,31 +161,11 @@ struct Split {
 
 Rows ordered(Column const& column, Rows const& rows, bool ascending) {
     std::optional<Rows> sorted = orderedBySorting(column, rows, ascending);
-    return sorted ? std::move(*sorted) : orderedByComparing(column, rows, ascending);
+    return sorted ? std::move(*sorted) : grouped(column, rows, ascending, rowsOfValues);
 }
 
 Rows orderedByComparing(Column const& column, Rows const& rows, bool ascending) {
-    Rows empty;
-    Rows filled;
-    std::vector<Cell> values;
-    for (std::size_t const row : rows) {
-        if (column[row].empty()) {
-            empty.push_back(row);
-        } else {
-            filled.push_back(row);
-            insertValue(values, column[row]);
-        }
-    }
-    if (!ascending) {
-        std::reverse(values.begin(), values.end());
-    }
-    Rows grouped;
-    for (Cell const& value : values) {
-        std::copy_if(filled.begin(), filled.end(), std::back_inserter(grouped),
-                     [&](std::size_t row) { return column[row].compare(value, false); });
-    }
-    grouped.insert(ascending ? grouped.begin() : grouped.end(), empty.begin(), empty.end());
-    return grouped;
+    return grouped(column, rows, ascending, rowsByComparing);
 }
 
 std::optional<Rows> orderedBySorting(Column const& column, Rows const& rows, bool ascending) {

@@ -1,3 +1,4 @@
+#include "table/src/namelookup.h"
 #include "table/src/roworder.h"
 #include "table/src/tableimpl.h"
 
@@ -25,7 +26,9 @@ Status TableImplementation::sort(TableImplementation const& operand, Ptr<Table>&
                                  bool ascending) const {
     Status status("Sort key not found", Status::Error, -1);
     std::vector<Cell> const keys = sortKeys(operand);
-    Rows rows(items() > 1 ? items() - 1 : 0);
+    NameLookup lookup(*this);
+    std::size_t const height = items();
+    Rows rows(height > 1 ? height - 1 : 0);
     std::iota(rows.begin(), rows.end(), std::size_t{1});
     bool sorted = false;
     for (std::size_t k = keys.size(); k-- > 0;) {
@@ -33,12 +36,12 @@ Status TableImplementation::sort(TableImplementation const& operand, Ptr<Table>&
         if (!keys[k].get(name, 0).ok()) {
             continue;
         }
-        std::size_t const key = name.empty() ? npos : findIndex(Cell(name));
+        std::size_t const key = name.empty() ? npos : lookup.find(Cell(name));
         if (key == npos) {
             status = Status("Key not found", Status::Error, -1);
             break;
         }
-        rows = ordered(column(key), rows, ascending);
+        rows = ordered(column(key, height), rows, ascending);
         status = Status();
         sorted = true;
     }
