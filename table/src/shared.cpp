@@ -60,7 +60,7 @@ TableImplementation const& TableImplementation::of(Table const& table) {
 
 Ptr<TableImplementation> TableImplementation::writable(Table& table) {
     if (!table.data_) {
-        table.data_ = makePtr<TableImplementation>(Str());
+        table.data_ = makeBody(Str());
     }
     return table.data_;
 }

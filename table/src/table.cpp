@@ -15,7 +15,7 @@ Cell& writeTo(Ptr<TableImplementation>& data, Write const& write) {
     if (data) {
         return write(*data);
     }
-    Ptr<TableImplementation> const body = makePtr<TableImplementation>(Str());
+    Ptr<TableImplementation> const body = makeBody(Str());
     Cell& cell = write(*body);
     data = body;
     return cell;
@@ -26,11 +26,11 @@ Cell& writeTo(Ptr<TableImplementation>& data, Write const& write) {
 Table::Table() : Table(Str()) {
 }
 
-Table::Table(Str const& name) : Table(makePtr<TableImplementation>(name)) {
+Table::Table(Str const& name) : Table(makeBody(name)) {
 }
 
 Table::Table(Ptr<TableImplementation> const& body)
-    : data_(body), attributes_(makePtr<TableImplementation>(Str())) {
+    : data_(body), attributes_(makeBody(Str())) {
 }
 
 Table::Table(Table const& other) = default;
@@ -120,7 +120,7 @@ Ptr<Table> Table::getAttributes() const {
 }
 
 void Table::setAttributes(Ptr<Table> table) {
-    attributes_ = table ? table->data_ : makePtr<TableImplementation>(Str());
+    attributes_ = table ? table->data_ : makeBody(Str());
 }
 
 std::ostream& Table::display(std::ostream& os, int number) const {
@@ -132,7 +132,7 @@ Ptr<TableImplementation> Table::getImplementation() const {
 }
 
 Ptr<TableImplementation> Table::heldBody() const {
-    return data_ ? data_ : makePtr<TableImplementation>(Str());
+    return data_ ? data_ : makeBody(Str());
 }
 
 TableImplementation const& Table::body() const {

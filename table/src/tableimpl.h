@@ -128,6 +128,9 @@ private:
     std::vector<Index> indices_;
 };
 
+/// Makes a table body and the first handle to it.
+Ptr<TableImplementation> makeBody(Str const& name);
+
 /// The nested table of a table cell; null for every other cell.
 inline Ptr<Table> tableOf(Cell const& cell) {
     Ptr<Table> table;

@@ -146,7 +146,7 @@ Cell& Table::atXPath(Str const& path, bool create, char separator) {
 
 Status Table::setAttribute(Str const& path, Cell const& value) {
     Cell const kept(value); // it may live in the attributes, which may grow
-    Table attributes(attributes_ ? attributes_ : makePtr<TableImplementation>(Str("Attributes")));
+    Table attributes(attributes_ ? attributes_ : makeBody(Str("Attributes")));
     attributes.atXPath(path, true, '/') = kept;
     attributes_ = attributes.data_;
     return Status();

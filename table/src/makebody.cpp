@@ -1,0 +1,43 @@
+#include "table/src/tableimpl.h"
+
+namespace QX {
+
+namespace {
+
+/// A count block with its table body, and a link to the next of those that wait to be deleted.
+struct CountedBody final : PtrRefCount {
+    CountedBody(Deleter deleter, Str const& name) : PtrRefCount(QX_MODULE_TAG, deleter), body(name) {}
+
+    TableImplementation body;
+    CountedBody* next = nullptr;
+};
+
+/// Deletes a body and, one after the other, all bodies whose last handles go with it. Tables nest to any depth,
+/// so that a body must not be deleted from within the deletion of the one that holds it.
+void deleteBody(PtrRefCount* block, void* /*object: a part of the block*/) {
+    thread_local CountedBody* waiting = nullptr;
+    thread_local bool deleting = false;
+    Detail::requireReleased(*block);
+    auto* const last = static_cast<CountedBody*>(block);
+    last->next = waiting;
+    waiting = last;
+    if (deleting) {
+        return;
+    }
+    deleting = true;
+    while (waiting != nullptr) {
+        CountedBody const* const body = waiting;
+        waiting = body->next;
+        delete body;
+    }
+    deleting = false;
+}
+
+} // namespace
+
+Ptr<TableImplementation> makeBody(Str const& name) {
+    auto* const counted = new CountedBody(&deleteBody, name);
+    return Ptr<TableImplementation>(&counted->body, counted);
+}
+
+} // namespace QX
