@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Runs a program in GDB and holds the values that GDB shows against what is expected.
+# Usage: run.sh GDB PROGRAM DIRECTORY-OF-THE-LIBRARY
+set -euo pipefail
+export LC_ALL=C.UTF-8
+here=$(cd "$(dirname "$0")" && pwd)
+
+shown=$("$1" -nx -batch -iex "add-auto-load-safe-path $3" -x "$here/commands.gdb" "$2" 2>&1)
+diff -u "$here/expected.txt" <(sed -n '/^text = /,/^itself.at 0 1 =/p' <<<"$shown" | grep -v '^\[Inferior') || {
+    echo "GDB said:"
+    echo "$shown"
+    exit 1
+}
