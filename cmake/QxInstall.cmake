@@ -39,8 +39,19 @@ list(JOIN QX_PC_REQUIRES " " QX_PC_REQUIRES)
 file(RELATIVE_PATH QX_PC_TO_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" QX_PC_TO_PREFIX "${QX_PC_TO_PREFIX}")
 
-install(TARGETS ${installed_targets} EXPORT qxTargets FILE_SET HEADERS)
-install(EXPORT qxTargets NAMESPACE qx:: DESTINATION ${package_dir})
+# What programs need to run is the component runtime, what building them takes the component development.
+install(TARGETS ${installed_targets} EXPORT qxTargets
+    RUNTIME COMPONENT runtime
+    LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE COMPONENT development
+    FILE_SET HEADERS COMPONENT development)
+install(EXPORT qxTargets NAMESPACE qx:: DESTINATION ${package_dir} COMPONENT development)
+if(qx_gdb_script)
+    install(FILES ${qx_gdb_script}
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/gdb/auto-load${CMAKE_INSTALL_FULL_LIBDIR}
+        RENAME libqx.so.${PROJECT_VERSION}-gdb.py
+        COMPONENT runtime)
+endif()
 
 configure_package_config_file(cmake/qxConfig.cmake.in qxConfig.cmake
     INSTALL_DESTINATION ${package_dir}
@@ -49,7 +60,9 @@ write_basic_package_version_file(qxConfigVersion.cmake COMPATIBILITY SameMinorVe
 install(FILES
     ${CMAKE_CURRENT_BINARY_DIR}/qxConfig.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/qxConfigVersion.cmake
-    DESTINATION ${package_dir})
+    DESTINATION ${package_dir}
+    COMPONENT development)
 
 configure_file(cmake/qx.pc.in qx.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qx.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qx.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+    COMPONENT development)
