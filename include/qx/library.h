@@ -14,6 +14,7 @@ class QX_API LibraryBase {
 public:
     /// Makes a description that supports one interface, without a name, at version 0.0.
     explicit LibraryBase(int number);
+    /// Copies name, version and interfaces.
     LibraryBase(LibraryBase const& other) = default;
     /// Copies name, version and interfaces, which replace those of this description.
     LibraryBase& operator=(LibraryBase const& other) = default;
@@ -49,7 +50,9 @@ public:
     Moniker() = default;
     /// Makes a moniker with a name.
     explicit Moniker(Str const& name);
+    /// Copies both texts.
     Moniker(Moniker const& other) = default;
+    /// Copies both texts.
     Moniker& operator=(Moniker const& other) = default;
     virtual ~Moniker();
 

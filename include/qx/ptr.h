@@ -102,7 +102,7 @@ public:
     Ptr(T* object, PtrRefCount* block) noexcept : object_(object), block_(block) {}
     /// Shares the object of `other`; null when `other` is null.
     Ptr(Ptr const& other) noexcept { share(other.object_, other.block_); }
-    /// Shares the object of a handle to a compatible class, such as Ptr<Table> for Ptr<Table const>.
+    /// Shares the object of a handle to a compatible class, such as `Ptr<Table>` for `Ptr<Table const>`.
     ///
     /// A derived class must have T as its first base: the object's address stays what it was.
     template <typename U, typename = std::enable_if_t<std::is_convertible<U*, T*>::value>>

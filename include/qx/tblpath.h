@@ -36,9 +36,11 @@ class QX_API TblPath {
 public:
     /// Keeps `path` without its leading separators.
     explicit TblPath(Str const& path, char separator = '/');
+    /// Copies the text.
     TblPath(TblPath const& other) = default;
     /// Copies `other`, which keeps its value.
     TblPath(TblPath&& other) : TblPath(std::as_const(other)) {}
+    /// Copies the text.
     TblPath& operator=(TblPath const& other) = default;
     /// Copies `other`, which keeps its value.
     TblPath& operator=(TblPath&& other) { return *this = std::as_const(other); }

@@ -4,5 +4,5 @@ execute_process(COMMAND ${PROGRAM} OUTPUT_VARIABLE printed COMMAND_ERROR_IS_FATA
 string(REGEX REPLACE " +\n" "\n" printed "${printed}")
 string(REGEX REPLACE " +\n" "\n" expected "${expected}")
 if(NOT printed STREQUAL expected)
-    message(FATAL_ERROR "README.md shows\n${expected}but the program prints\n${printed}")
+    message(FATAL_ERROR "The text shows\n${expected}but the program prints\n${printed}")
 endif()

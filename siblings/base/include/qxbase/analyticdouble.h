@@ -20,9 +20,13 @@ public:
     /// The validity flag.
     bool isValid() const { return valid; }
 
+    /// The sum.
     AnalyticDouble operator+(AnalyticDouble const& other) const;
+    /// The difference.
     AnalyticDouble operator-(AnalyticDouble const& other) const;
+    /// The product.
     AnalyticDouble operator*(AnalyticDouble const& other) const;
+    /// The quotient; not valid when `other` is 0.
     AnalyticDouble operator/(AnalyticDouble const& other) const;
 
     /// The number.

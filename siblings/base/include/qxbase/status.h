@@ -21,13 +21,16 @@ public:
     /// Makes this an Ok status without a message, code 0.
     void clear();
 
-    /// Appends a text (or the decimal text of a number) to the message and returns this status.
+    /// Appends a text to the message and returns this status.
     ///
     /// An Ok status becomes an Error with code -1, also when the text is empty; other states stay. A
     /// null pointer appends nothing but makes the status an Error all the same.
     Status& operator<<(char const* text);
+    /// Appends a text as the form for a C string does.
     Status& operator<<(Str const& text);
+    /// Appends a text as the form for a C string does.
     Status& operator<<(std::string const& text);
+    /// Appends the decimal text of a number as the form for a C string does.
     Status& operator<<(unsigned long long number);
 
     /// The message. With `marked` it begins with "#Critical: " or "#Err: ", by the state, so that it

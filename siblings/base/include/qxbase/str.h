@@ -19,10 +19,13 @@ public:
     Str(char const* text);
     /// Copies all bytes of `text`.
     Str(std::string const& text);
+    /// Copies all bytes.
     Str(Str const&) = default;
     /// Takes over the bytes of the source, which is left valid but unspecified.
     Str(Str&&) noexcept = default;
+    /// Copies all bytes.
     Str& operator=(Str const&) = default;
+    /// Takes over the bytes of the source, which is left valid but unspecified.
     Str& operator=(Str&&) noexcept = default;
     virtual ~Str();
 

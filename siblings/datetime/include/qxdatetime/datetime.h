@@ -13,7 +13,9 @@ public:
     /// Makes midnight of a date that is not valid.
     DateTime() = default;
     virtual ~DateTime();
+    /// Copies date and time.
     DateTime(DateTime const&) = default;
+    /// Copies date and time.
     DateTime& operator=(DateTime const&) = default;
 
     /// Sets this to the current local date and time.
