@@ -147,15 +147,17 @@ public:
     /// Handles copied from this one before keep the attributes they had.
     void setAttributes(Ptr<Table> table);
 
-    // Values by path
-    //
-    // A path leads through nested tables: steps "name" or "name[item]" joined by the separator, as TblPath
-    // reads them ("/style/colours[2]/red"). Each step is applied to every table that the step before has
-    // reached, so that paths fan out: a step with an item number reaches that item of the named index, one
-    // without reaches items 1, 2, ... up to the largest item count of the table. Cells that are no tables
-    // lead nowhere. The walk stops at a step that has no name or whose number cannot be read.
-    //
-    // Cost: one name lookup for each step and table, then linear in the values reached.
+    /// @name Values by path
+    ///
+    /// A path leads through nested tables: steps "name" or "name[item]" joined by the separator, as TblPath
+    /// reads them ("/style/colours[2]/red"). Each step is applied to every table that the step before has
+    /// reached, so that paths fan out: a step with an item number reaches that item of the named index, one
+    /// without reaches items 1, 2, ... up to the largest item count of the table. Cells that are no tables
+    /// lead nowhere. The walk stops at a step that has no name or whose number cannot be read.
+    ///
+    /// Cost: one name lookup for each step and table, then linear in the values reached.
+    ///
+    /// @{
 
     /// Collects every value that the path reaches, in order.
     ///
@@ -199,18 +201,22 @@ public:
     /// cell when there is none; leaves it as it was when there are no attributes. Always returns Ok.
     Status getAttribute(Str const& path, Cell& value) const;
 
-    // Whole-table operations
-    //
-    // Each reads this table and an operand, builds a new table and makes `result` refer to it; what
-    // `result` referred to before is released, never written to. The new table shares the cells of its
-    // inputs, nested tables included, and has empty attributes. Inputs are never changed. A table is
-    // read as a rectangle: positions that a short index lacks are empty cells. `result` may be a handle
-    // to this table or to the operand, even the last one, unless said otherwise.
-    //
-    // Unless said otherwise a null operand raises Except "No operand table provided" before anything
-    // happens, and the cost is linear in the cells read and placed. Where names are matched "by cell",
-    // the operand's name cell is compared as it is; "by text", the cell that Cell(Str const&) makes of
-    // its text is, so that a name "2" matches an index named by the number 2.
+    /// @}
+
+    /// @name Whole-table operations
+    ///
+    /// Each reads this table and an operand, builds a new table and makes `result` refer to it; what
+    /// `result` referred to before is released, never written to. The new table shares the cells of its
+    /// inputs, nested tables included, and has empty attributes. Inputs are never changed. A table is
+    /// read as a rectangle: positions that a short index lacks are empty cells. `result` may be a handle
+    /// to this table or to the operand, even the last one, unless said otherwise.
+    ///
+    /// Unless said otherwise a null operand raises Except "No operand table provided" before anything
+    /// happens, and the cost is linear in the cells read and placed. Where names are matched "by cell",
+    /// the operand's name cell is compared as it is; "by text", the cell that Cell(Str const&) makes of
+    /// its text is, so that a name "2" matches an index named by the number 2.
+    ///
+    /// @{
 
     /// Puts the operand's indices behind this table's, or over those of the same name.
     ///
@@ -432,6 +438,8 @@ public:
     /// the template holds a table and this one does not, or "Unsupported Unary operation" for another
     /// `op` at the first marked or nested position; `total` then holds the sum so far.
     Status unaryOperation(Str const& op, Ptr<Table const> const& templ, double& total) const;
+
+    /// @}
 
     /// Writes the table and all tables nested in it, one line per index, and returns `os`.
     ///
