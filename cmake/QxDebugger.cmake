@@ -2,7 +2,7 @@
 
 # GDB looks beside a library for a script of its name, here in the build tree; QxInstall puts it into
 # GDB's own directory.
-if(BUILD_SHARED_LIBS AND UNIX)
+if(BUILD_SHARED_LIBS AND UNIX AND NOT APPLE)
     set(qx_gdb_script ${PROJECT_SOURCE_DIR}/debug/qx-gdb.py)
     configure_file(${qx_gdb_script} libqx.so.${PROJECT_VERSION}-gdb.py COPYONLY)
 endif()

@@ -27,7 +27,7 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
             endif()
         endforeach()
     endif()
-else()
+elseif(BUILD_SHARED_LIBS)
     get_target_property(soversion qx SOVERSION)
     set(CPACK_GENERATOR DEB)
     set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX}) # the path of GDB's views depends on it
@@ -56,6 +56,8 @@ else()
     set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libqx${soversion} (= ${PROJECT_VERSION}), libstdc++-dev")
     set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
         "The headers, with what CMake and pkg-config need to find the libraries.")
+else()
+    set(CPACK_GENERATOR TGZ)
 endif()
 
 include(CPack)
