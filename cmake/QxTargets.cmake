@@ -15,6 +15,14 @@ function(qx_configure target)
     endif()
 endfunction()
 
+# Keeps what `target` has instantiated of the standard library's templates to itself: these are visible
+# by the standard library's own word, and would bind other libraries to this one's copies.
+function(qx_export_own_names target)
+    set(script ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/exports.map)
+    target_link_options(${target} PRIVATE LINKER:--version-script=${script})
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${script})
+endfunction()
+
 # Configures an installable library; `static_macro` tells its header that nothing is imported from a DLL.
 function(qx_library target static_macro)
     qx_configure(${target})
@@ -26,6 +34,10 @@ function(qx_library target static_macro)
         VERIFY_INTERFACE_HEADER_SETS ON)
     if(NOT BUILD_SHARED_LIBS)
         target_compile_definitions(${target} PUBLIC ${static_macro})
+    elseif(WIN32)
+        set_target_properties(${target} PROPERTIES PREFIX "")
+    elseif(NOT APPLE)
+        qx_export_own_names(${target})
     endif()
 endfunction()
 

@@ -6,7 +6,7 @@ logs=build/logs
 jobs=$(nproc 2>/dev/null || echo 2)
 
 # What the library and the example programs are built with.
-build_packages=(cmake=cmake g++=g++ ninja-build=ninja libcli11-dev libcsv-dev nlohmann-json3-dev)
+build_packages=(cmake=cmake g++=g++ ninja-build=ninja libcli11-dev nlohmann-json3-dev)
 
 # Quits with a message.
 die() {

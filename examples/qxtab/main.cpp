@@ -1,15 +1,17 @@
 #include "commands.h"
 #include "failure.h"
 #include "reader.h"
+#include "system.h"
 #include "writer.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstring>
 #include <iostream>
+#include <string>
+#include <vector>
 
 namespace qxtab {
 
@@ -111,8 +113,9 @@ int runToExitCode(Action action, int failed) {
     }
 }
 
-int main(int argc, char** argv) {
+int main(std::vector<std::string> arguments) {
     CLI::App app("Works on tables of values in CSV and TSV files.", "qxtab");
+    app.allow_windows_style_options(false); // "/name" is a file on every system
     app.require_subcommand(0, 1);
     Options options;
     Command const* chosen = nullptr;
@@ -121,7 +124,8 @@ int main(int argc, char** argv) {
     }
     app.allow_extras(); // check() tells a mistyped command by its name
     try {
-        app.parse(argc, argv);
+        std::reverse(arguments.begin(), arguments.end()); // as the parser wants a list
+        app.parse(arguments);
         check(app, options, chosen);
     } catch (CLI::ParseError const& e) {
         if (e.get_exit_code() == 0) {
@@ -137,10 +141,11 @@ int main(int argc, char** argv) {
 
 } // namespace qxtab
 
+#ifdef _WIN32
+int wmain(int argc, wchar_t** argv) {
+#else
 int main(int argc, char** argv) {
-#ifdef SIGPIPE
-    std::signal(SIGPIPE, SIG_IGN); // a closed pipe is then a write error like any other
 #endif
-    std::ios::sync_with_stdio(false);
-    return qxtab::main(argc, argv);
+    qxtab::prepareStreams();
+    return qxtab::main(qxtab::arguments(argc, argv));
 }

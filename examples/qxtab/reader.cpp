@@ -2,6 +2,7 @@
 
 #include "csvparser.h"
 #include "failure.h"
+#include "system.h"
 #include "tablebuilder.h"
 
 #include <cerrno>
@@ -32,7 +33,7 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 }
 
 File open(std::string const& file) {
-    File opened(file == "-" ? stdin : std::fopen(file.c_str(), "rb"));
+    File opened(file == "-" ? stdin : openFile(file));
     if (!opened) {
         failForSystem(file);
     }
@@ -43,13 +44,12 @@ char delimiterOf(std::string const& file, std::string const& delimiter) {
     if (!delimiter.empty()) {
         return delimiter.front();
     }
-    std::filesystem::path const ending = std::filesystem::path(file).extension();
+    std::filesystem::path const ending = pathOf(file).extension();
     return ending == ".tsv" || ending == ".tab" ? '\t' : ',';
 }
 
 QX::Ptr<QX::Table> emptyTable(std::string const& file) {
-    std::string const name =
-        file == "-" ? messageName(file) : std::filesystem::path(file).stem().string();
+    std::string const name = file == "-" ? messageName(file) : nameOf(pathOf(file).stem());
     return QX::Ptr<QX::Table>(new QX::Table(QX::Str(name)));
 }
 

@@ -1,24 +1,25 @@
 #!/bin/bash
 # Runs the commands of a transcript and compares what they print with what the transcript says.
 #
-#     run.sh PROGRAM DATA TRANSCRIPT
+#     run.sh DATA TRANSCRIPT PROGRAM...
 #
 # In a transcript a line that begins with "  $ " is a command for bash, run in an empty directory where `qxtab` is
-# PROGRAM and $DATA the directory of the sample files. The indented lines below it are what it must print, standard
+# PROGRAM (with what runs it and its first arguments, if any) and $DATA the directory of the sample files. The indented lines below it are what it must print, standard
 # output and standard error together, and then "[N]" when it ends with an exit code N other than 0. All commands of a
 # transcript share the directory. Lines that are not indented tell the reader what is shown. What differs is printed as
 # a patch: piped to `patch TRANSCRIPT` it makes the transcript say what was printed.
 
 set -u
-program=$(realpath "$1")
-DATA=$(realpath "$2")
-transcript=$(realpath "$3")
+DATA=$(realpath "$1")
+transcript=$(realpath "$2")
+shift 2
 export DATA LC_ALL=C.UTF-8
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkdir "$work/bin" "$work/files"
-ln -s "$program" "$work/bin/qxtab"
+printf '#!/bin/sh\nexec %s "$@"\n' "$(printf '%q ' "$(realpath "$1")" "${@:2}")" >"$work/bin/qxtab"
+chmod +x "$work/bin/qxtab"
 PATH="$work/bin:$PATH"
 cd "$work/files" || exit 1
 
