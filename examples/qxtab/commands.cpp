@@ -32,9 +32,9 @@ Command const transposeCommand = {
 
 std::vector<Command> const& commands() {
     static std::vector<Command> const all = {
-        showCommand,   sortCommand,  filterCommand,   selectCommand,  fillCommand,
-        appendCommand, mergeCommand, overlayCommand,  compareCommand, transposeCommand,
-        sumCommand,    addCommand,   subtractCommand,
+        showCommand,      getCommand,    sortCommand,  filterCommand,   selectCommand,
+        fillCommand,      appendCommand, mergeCommand, overlayCommand,  compareCommand,
+        transposeCommand, sumCommand,    addCommand,   subtractCommand,
     };
     return all;
 }

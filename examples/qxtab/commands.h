@@ -40,14 +40,15 @@ struct Command {
     /// Adds the options that only this command has; null when there are none.
     void (*addOptions)(CLI::App& app, Options& options);
     Outcome (*run)(Options const& options, Inputs const& inputs);
-    int failed = 1; ///< the exit code for what can't be read, done or written
+    int failed = 1;              ///< the exit code for what can't be read, done or written
+    char const* format = "text"; ///< what is written unless told otherwise
 };
 
 /// All commands, in the order of the help.
 std::vector<Command> const& commands();
 
 // The commands, family by family.
-extern Command const showCommand, transposeCommand;
+extern Command const showCommand, transposeCommand, getCommand;
 extern Command const sortCommand, filterCommand;
 extern Command const selectCommand, fillCommand;
 extern Command const appendCommand, mergeCommand, overlayCommand, compareCommand;

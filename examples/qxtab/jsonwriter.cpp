@@ -50,7 +50,8 @@ Json tableValue(QX::Cell const& cell) {
     require(cell.get(table));
     std::vector<std::string> const names = keys(*table);
     Json rows = Json::array();
-    for (std::size_t j = 1; j <= dataRows(*table); ++j) {
+    std::size_t const last = dataRows(*table);
+    for (std::size_t j = 1; j <= last; ++j) {
         rows.push_back(rowValue(*table, names, j));
     }
     return rows;
@@ -94,11 +95,12 @@ std::string rowText(QX::Table const& table, std::vector<std::string> const& name
 
 void writeJson(std::ostream& os, QX::Table const& table) {
     std::vector<std::string> const names = keys(table);
+    std::size_t const last = dataRows(table);
     os << '[';
-    for (std::size_t j = 1; j <= dataRows(table) && os; ++j) {
+    for (std::size_t j = 1; j <= last && os; ++j) {
         os << (j == 1 ? "\n  " : ",\n  ") << rowText(table, names, j);
     }
-    os << (dataRows(table) == 0 ? "]\n" : "\n]\n");
+    os << (last == 0 ? "]\n" : "\n]\n");
 }
 
 } // namespace qxtab

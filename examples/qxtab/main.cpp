@@ -1,5 +1,7 @@
+#include "celltext.h"
 #include "commands.h"
 #include "failure.h"
+#include "journal.h"
 #include "reader.h"
 #include "system.h"
 #include "writer.h"
@@ -32,6 +34,10 @@ std::string checkCount(std::string const& text) {
     return digits ? "" : text + " is not a number of rows";
 }
 
+std::string checkLogName(std::string const& text) {
+    return text.empty() ? "the name of the log file is empty" : "";
+}
+
 void addSharedOptions(CLI::App& app, Command const& command, Options& options) {
     app.add_option("file", options.files, "CSV or TSV file with a header row; - is standard input")
         ->required()
@@ -40,7 +46,7 @@ void addSharedOptions(CLI::App& app, Command const& command, Options& options) {
         ->type_name("FILE");
     app.add_option("--as", options.as, "What to write")
         ->check(CLI::IsMember(formatNames()))
-        ->capture_default_str();
+        ->default_str(command.format);
     app.add_option("--head", options.head, "Write only the first N data rows")
         ->check(CLI::Validator(checkCount, ""))
         ->type_name("N");
@@ -48,6 +54,10 @@ void addSharedOptions(CLI::App& app, Command const& command, Options& options) {
                    "What separates the fields of the input: one character or tab; "
                    "when not given, a tab in files that end in .tsv or .tab, a comma in others")
         ->transform(CLI::Validator(readDelimiter, "CHAR"));
+    app.add_option("--log", options.logFile, "Add what is done to the end of a log file")
+        ->check(CLI::Validator(checkLogName, ""))
+        ->type_name("FILE");
+    app.add_flag("--verbose", options.verbose, "Log more; on standard error when there is no log file");
 }
 
 void add(CLI::App& app, Command const& command, Options& options, Command const*& chosen) {
@@ -82,19 +92,52 @@ void flushOutput() {
     }
 }
 
-int run(Command const& command, Options const& options) {
+std::string sizeText(QX::Table const& table) {
+    return std::to_string(dataRows(table)) + " data rows, " + std::to_string(table.indices()) +
+           " indices";
+}
+
+void logNames(QX::Table const& table) {
+    for (std::size_t i = 0; i < table.indices(); ++i) {
+        log("  index " + std::to_string(i) + ": " + screenText(table.get(i, 0)), QX::Log::Debug);
+    }
+}
+
+Input read(std::string const& file, std::string const& delimiter) {
+    Input const input = {messageName(file), readTable(file, delimiter)};
+    log("Read " + input.file + ": " + sizeText(*input.table));
+    logNames(*input.table);
+    return input;
+}
+
+void write(QX::Ptr<QX::Table const> const& table, Options const& options) {
+    writeTable(std::cout, table, options);
+    flushOutput();
+    std::size_t const rows = dataRows(*table);
+    log("Wrote " + std::to_string(std::min(rows, options.head.value_or(rows))) + " data rows as " +
+        options.as);
+}
+
+int run(Command const& command, Options const& options, std::vector<std::string> const& words) {
+    startLog(options);
+    log(std::string("Command ") + command.name);
+    for (std::string const& word : words) {
+        log("  argument: " + word, QX::Log::Debug);
+    }
     Inputs inputs;
     for (std::string const& file : options.files) {
-        inputs.push_back({messageName(file), readTable(file, options.delimiter)});
+        inputs.push_back(read(file, options.delimiter));
     }
     Outcome const outcome = command.run(options, inputs);
-    writeTable(std::cout, outcome.table, options);
-    flushOutput();
+    log(std::string("Result of ") + command.name + ": " + sizeText(*outcome.table));
+    logNames(*outcome.table);
+    write(outcome.table, options);
+    finishLog();
     return outcome.exitCode;
 }
 
-int tell(std::string const& message, int exitCode) {
-    std::cerr << "qxtab: " << message << '\n';
+int fail(std::string const& message, int exitCode) {
+    tell(message, QX::Log::Error);
     return exitCode;
 }
 
@@ -103,13 +146,13 @@ int runToExitCode(Action action, int failed) {
     try {
         return action();
     } catch (QX::Except const& e) {
-        return tell(bytes(e.report().message(false)), failed);
+        return fail(bytes(e.report().message(false)), failed);
     } catch (Failure const& e) {
-        return tell(e.what(), failed);
+        return fail(e.what(), failed);
     } catch (std::bad_alloc const&) {
-        return tell("out of memory", failed);
+        return fail("out of memory", failed);
     } catch (std::exception const& e) {
-        return tell(e.what(), failed);
+        return fail(e.what(), failed);
     }
 }
 
@@ -132,9 +175,11 @@ int main(std::vector<std::string> arguments) {
             app.exit(e);
             return runToExitCode([] { return flushOutput(), 0; }, 1);
         }
-        return tell(std::string(e.what()) + "\nTry qxtab --help, or --help behind a command.", misused);
+        return fail(std::string(e.what()) + "\nTry qxtab --help, or --help behind a command.", misused);
     }
-    return runToExitCode([&] { return run(*chosen, options); }, chosen->failed);
+    options.as = options.as.empty() ? chosen->format : options.as;
+    std::vector<std::string> const words(argv + 1, argv + argc);
+    return runToExitCode([&] { return run(*chosen, options, words); }, chosen->failed);
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 #include "names.h"
 
 #include "failure.h"
-
-#include <iostream>
+#include "journal.h"
 
 namespace qxtab {
 
@@ -30,7 +29,7 @@ void tellMissing(Input const& input, QX::Table const& operand) {
     for (std::size_t k = 0; k < operand.indices(); ++k) {
         std::string const name = nameText(operand, k);
         if (!hasIndex(*input.table, name)) {
-            std::cerr << "qxtab: " << missing(input, name) << '\n';
+            tell(missing(input, name));
         }
     }
 }

@@ -13,7 +13,7 @@ std::string nameText(QX::Table const& table, std::size_t index);
 /// Whether an operation that matches the operand's names by text finds this one in the table.
 bool hasIndex(QX::Table const& table, std::string const& name);
 
-/// Tells on standard error each name of the operand that the input lacks.
+/// Tells each name of the operand that the input lacks.
 void tellMissing(Input const& input, QX::Table const& operand);
 
 /// The message for an index that the input lacks.

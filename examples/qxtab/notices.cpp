@@ -1,6 +1,7 @@
 #include "notices.h"
 
-#include <iostream>
+#include "journal.h"
+
 #include <utility>
 
 namespace qxtab {
@@ -16,13 +17,13 @@ Notices::Notices(std::string file) : file_(std::move(file)) {
 
 void Notices::tell(std::size_t line, std::string const& text) {
     if (++count_ <= mostTold) {
-        std::cerr << "qxtab: " << file_ << ":" << line << ": " << text << '\n';
+        qxtab::tell(file_ + ":" + std::to_string(line) + ": " + text);
     }
 }
 
 void Notices::finish() const {
     if (count_ > mostTold) {
-        std::cerr << "qxtab: " << file_ << ": " << count_ - mostTold << " more such messages\n";
+        qxtab::tell(file_ + ": " + std::to_string(count_ - mostTold) + " more such messages");
     }
 }
 

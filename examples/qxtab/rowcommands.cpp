@@ -1,10 +1,9 @@
 #include "commands.h"
 #include "failure.h"
+#include "journal.h"
 #include "listoption.h"
 #include "names.h"
 #include "writer.h"
-
-#include <iostream>
 
 namespace qxtab {
 
@@ -26,8 +25,8 @@ void checkRows(Input const& input, QX::Table const& sorted) {
     std::size_t const before = dataRows(*input.table);
     std::size_t const after = dataRows(sorted);
     if (before != after) {
-        std::cerr << "qxtab: " << input.file << ": " << before << " rows became " << after
-                  << ", since cells of a key are NaN or numbers next to each other\n";
+        tell(input.file + ": " + std::to_string(before) + " rows became " + std::to_string(after) +
+             ", since cells of a key are NaN or numbers next to each other");
     }
 }
 

@@ -1,10 +1,9 @@
 #include "commands.h"
 #include "failure.h"
+#include "journal.h"
 #include "listoption.h"
 #include "names.h"
 #include "writer.h"
-
-#include <iostream>
 
 namespace qxtab {
 
@@ -48,13 +47,14 @@ QX::Ptr<QX::Table const> oneIndex(Input const& input, std::string const& name) {
 // A sum that leaves out a text such as "n/a" or "1,5" may not be what was wanted.
 void tellTexts(Input const& input, QX::Table const& index) {
     std::size_t texts = 0;
-    for (std::size_t j = 1; j < index.items(0); ++j) {
+    std::size_t const items = index.items(0);
+    for (std::size_t j = 1; j < items; ++j) {
         QX::Cell const& cell = index.get(0, j);
         texts += cell.empty() || isNumber(cell) ? 0 : 1;
     }
     if (texts > 0) {
-        std::cerr << "qxtab: " << input.file << ": cells of \"" << nameText(index, 0)
-                  << "\" that are no numbers: " << texts << '\n';
+        tell(input.file + ": cells of \"" + nameText(index, 0) +
+             "\" that are no numbers: " + std::to_string(texts));
     }
 }
 
@@ -92,8 +92,8 @@ void tellNames(Input const& left, Input const& right) {
         std::string const a = nameText(*left.table, i);
         std::string const b = nameText(*right.table, i);
         if (a != b) {
-            std::cerr << "qxtab: index " << i << " is \"" << a << "\" in " << left.file << " and \"" << b
-                      << "\" in " << right.file << '\n';
+            tell("index " + std::to_string(i) + " is \"" + a + "\" in " + left.file + " and \"" + b +
+                 "\" in " + right.file);
         }
     }
 }
@@ -108,8 +108,8 @@ void tellSingles(Input const& left, Input const& right) {
         }
     }
     if (singles > 0) {
-        std::cerr << "qxtab: cells that are a number in only one of " << left.file << " and "
-                  << right.file << ", and stay as in the first: " << singles << '\n';
+        tell("cells that are a number in only one of " + left.file + " and " + right.file +
+             ", and stay as in the first: " + std::to_string(singles));
     }
 }
 

@@ -27,7 +27,8 @@ bool isNumber(QX::Cell const& cell) {
 Column measure(QX::Table const& table, std::size_t index) {
     Column column;
     bool texts = false;
-    for (std::size_t j = 0; j < table.items(index); ++j) {
+    std::size_t const items = table.items(index);
+    for (std::size_t j = 0; j < items; ++j) {
         QX::Cell const& cell = table.get(index, j);
         column.width = std::max(column.width, codePoints(screenText(cell)));
         if (j > 0) {
@@ -73,7 +74,8 @@ void writeText(std::ostream& os, QX::Table const& table) {
         columns.push_back(measure(table, i));
     }
     Line line(os);
-    for (std::size_t j = 0; j < table.items(0) && os; ++j) {
+    std::size_t const items = table.items(0);
+    for (std::size_t j = 0; j < items && os; ++j) {
         for (std::size_t i = 0; i < columns.size(); ++i) {
             QX::Cell const& cell = table.get(i, j);
             line.put(screenText(cell), columns[i].width, j == 0 ? columns[i].numbers : isNumber(cell));

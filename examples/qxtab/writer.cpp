@@ -29,6 +29,7 @@ Format const formats[] = {
     {"csv", [](std::ostream& os, QX::Table const& table) { writeSeparated(os, table, ','); }},
     {"tsv", [](std::ostream& os, QX::Table const& table) { writeSeparated(os, table, '\t'); }},
     {"json", writeJson},
+    {"values", writeValues},
 };
 
 QX::Ptr<QX::Table const> firstRows(QX::Table const& table, std::size_t rows) {
@@ -87,7 +88,8 @@ void writeTable(std::ostream& os, QX::Ptr<QX::Table const> const& table, Options
 
 void writeSeparated(std::ostream& os, QX::Table const& table, char delimiter) {
     bool const single = table.indices() == 1;
-    for (std::size_t j = 0; j < table.items(0) && os; ++j) {
+    std::size_t const items = table.items(0);
+    for (std::size_t j = 0; j < items && os; ++j) {
         for (std::size_t i = 0; i < table.indices(); ++i) {
             QX::Cell const& cell = table.get(i, j);
             std::string const text = plainText(cell);
@@ -103,6 +105,15 @@ void writeSeparated(std::ostream& os, QX::Table const& table, char delimiter) {
             }
         }
         os << '\n';
+    }
+}
+
+void writeValues(std::ostream& os, QX::Table const& table) {
+    std::size_t const last = dataRows(table);
+    for (std::size_t i = 0; i < table.indices(); ++i) {
+        for (std::size_t j = 1; j <= last && os; ++j) {
+            os << plainText(table.get(i, j)) << '\n';
+        }
     }
 }
 

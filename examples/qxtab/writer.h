@@ -35,6 +35,10 @@ void writeSeparated(std::ostream& os, QX::Table const& table, char delimiter);
 /// Raises Failure for a text that is not UTF-8.
 void writeJson(std::ostream& os, QX::Table const& table);
 
+/// Writes the values below the names, each on a line as it is, index by index: a text that holds a line
+/// end goes over several lines, an empty cell gives an empty line.
+void writeValues(std::ostream& os, QX::Table const& table);
+
 /// The number of rows below the names.
 std::size_t dataRows(QX::Table const& table);
 
