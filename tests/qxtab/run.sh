@@ -4,9 +4,9 @@
 #     run.sh DATA TRANSCRIPT PROGRAM...
 #
 # In a transcript a line that begins with "  $ " is a command for bash, run in an empty directory where `qxtab` is
-# PROGRAM (with what runs it and its first arguments, if any) and $DATA the directory of the sample files. The indented lines below it are what it must print, standard
-# output and standard error together, and then "[N]" when it ends with an exit code N other than 0. All commands of a
-# transcript share the directory. Lines that are not indented tell the reader what is shown. What differs is printed as
+# PROGRAM (with what runs it and its first arguments, if any) and $DATA the directory of the sample files. The
+# indented lines below it are what it must print, standard output and standard error together, and then "[N]" when it
+# ends with an exit code N other than 0. All commands of a transcript share the directory. Lines that are not indented tell the reader what is shown. What differs is printed as
 # a patch: piped to `patch TRANSCRIPT` it makes the transcript say what was printed.
 
 set -u
