@@ -156,7 +156,7 @@ int runToExitCode(Action action, int failed) {
     }
 }
 
-int main(std::vector<std::string> arguments) {
+int main(std::vector<std::string> const& arguments) {
     CLI::App app("Works on tables of values in CSV and TSV files.", "qxtab");
     app.allow_windows_style_options(false); // "/name" is a file on every system
     app.require_subcommand(0, 1);
@@ -167,8 +167,7 @@ int main(std::vector<std::string> arguments) {
     }
     app.allow_extras(); // check() tells a mistyped command by its name
     try {
-        std::reverse(arguments.begin(), arguments.end()); // as the parser wants a list
-        app.parse(arguments);
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend())); // as the parser wants them
         check(app, options, chosen);
     } catch (CLI::ParseError const& e) {
         if (e.get_exit_code() == 0) {
@@ -178,8 +177,7 @@ int main(std::vector<std::string> arguments) {
         return fail(std::string(e.what()) + "\nTry qxtab --help, or --help behind a command.", misused);
     }
     options.as = options.as.empty() ? chosen->format : options.as;
-    std::vector<std::string> const words(argv + 1, argv + argc);
-    return runToExitCode([&] { return run(*chosen, options, words); }, chosen->failed);
+    return runToExitCode([&] { return run(*chosen, options, arguments); }, chosen->failed);
 }
 
 } // namespace
