@@ -3,34 +3,45 @@
 #include "support.h"
 
 #include <cmath>
+#include <vector>
 
 namespace QX {
 
-// The brief form of a table, for rows of test cases: its indices separated by "|", their items by blanks.
+// The brief form of a cell:
 //
-//     A 1 2 | B x - ""        two indices; the last two items are an empty cell and a text without characters
-//     A {n B 1 } ?            a nested table named n with one index, and a number that is not valid
-//     A nan !boom             a number and an error
+//     -  ""  nan  -inf        an empty cell, a text without characters, numbers that are no text
+//     ?  ?2.5                 numbers that are not valid
+//     !boom                   an error
+//     {n B 1 }                a nested table named n
 //
 // Every other word is the cell that Cell(Str const&) makes of it.
+//
+// The brief form of a table: its indices separated by "|", their items by blanks.
+//
+//     A 1 2 | B x - {n C 1 }  two indices; the last two items are an empty cell and a nested table
 
-inline Cell briefCell(std::string const& word) {
+inline Ptr<Table> briefTable(std::istream& in, Str const& name);
+
+inline Cell briefCell(std::istream& in, std::string const& word) {
     if (word == "-") {
         return Cell();
     }
     if (word == "\"\"") {
-        return Cell(Str(""));
+        return Cell("");
     }
-    if (word == "?") {
-        return undefined();
+    if (word == "nan" || word == "-nan" || word == "inf" || word == "-inf") {
+        return Cell(std::stod(word));
     }
-    if (word == "nan") {
-        return Cell(std::nan(""));
-    }
-    if (word.front() == '!') {
+    switch (word.front()) {
+    case '?':
+        return undefined(word.size() == 1 ? 0 : std::stod(word.substr(1)));
+    case '!':
         return Cell(Status(word.substr(1), Status::Error, -1));
+    case '{':
+        return Cell(briefTable(in, word.substr(1)));
+    default:
+        return Cell(Str(word));
     }
-    return Cell(Str(word));
 }
 
 inline Ptr<Table> briefTable(std::istream& in, Str const& name) {
@@ -42,11 +53,18 @@ inline Ptr<Table> briefTable(std::istream& in, Str const& name) {
             ++i;
             j = 0;
         } else {
-            made->at(i, j++,
-                     word.front() == '{' ? Cell(briefTable(in, word.substr(1))) : briefCell(word));
+            made->at(i, j++, briefCell(in, word));
         }
     }
     return made;
+}
+
+/// Reads the brief form of a cell.
+inline std::istream& operator>>(std::istream& in, Cell& cell) {
+    if (std::string word; in >> word) {
+        cell = briefCell(in, word);
+    }
+    return in;
 }
 
 /// The table of a brief form.
@@ -81,7 +99,7 @@ inline std::string brief(Cell const& cell) {
 inline std::string brief(Table const& table) {
     std::string form;
     for (std::size_t i = 0; i < table.indices(); ++i) {
-        form += i == 0 ? "" : form.empty() ? "| " : " | ";
+        form += i == 0 ? "" : form.empty() || form.back() == ' ' ? "| " : " | ";
         for (std::size_t j = 0; j < length(table, i); ++j) {
             form += (j == 0 ? "" : " ") + brief(table.get(i, j));
         }
@@ -92,6 +110,38 @@ inline std::string brief(Table const& table) {
 /// The name of a table and its brief form; "null" for a null handle.
 inline std::string named(Ptr<Table> const& table) {
     return table ? string(table->name()) + ": " + brief(*table) : "null";
+}
+
+/// One case of a test: a line of fields separated by ";", of which those left out are empty.
+struct Row {
+    std::string line;
+    std::vector<std::string> fields{};
+
+    std::string operator[](std::size_t k) const { return k < fields.size() ? fields[k] : ""; }
+};
+
+inline std::string trimmed(std::string const& text) {
+    std::size_t const first = text.find_first_not_of(' ');
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') + 1 - first);
+}
+
+/// The cases in a text of one line each; a line that begins with ";;" goes on with the one before. What
+/// follows "<-" is a note.
+inline std::vector<Row> rows(std::string const& text) {
+    std::vector<Row> all;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        line = trimmed(line.substr(0, line.find(" <-")));
+        bool const goesOn = line.starts_with(";;");
+        if (!goesOn && !line.empty()) {
+            all.push_back({line});
+        }
+        std::istringstream fields(line.substr(goesOn ? 2 : 0));
+        for (std::string field; std::getline(fields, field, ';');) {
+            all.back().fields.push_back(trimmed(field));
+        }
+    }
+    return all;
 }
 
 } // namespace QX

@@ -1,14 +1,12 @@
 #pragma once
 
-#include "support.h"
+#include "brief.h"
 
 #include <bit>
 #include <cfloat>
-#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <random>
-#include <vector>
 
 namespace QX {
 
@@ -74,7 +72,7 @@ private:
          bits(0x7FF0000000000001)},
         {Cell("1970-01-01"), Cell("1970-01-03"), Cell("2026-11-22"), 0, 1.5, 2, 20779, -1e20},
         {Cell(Status("x", Status::Error, -1)), Cell(Status("y", Status::Error, -1)), Cell(Status())},
-        {Cell(shared_), Cell(shared_), Cell(Ptr<Table>(new Table(*shared_))), QX::table("m", {{1}})},
+        {Cell(shared_), Cell(shared_), Cell(Ptr<Table>(new Table(*shared_))), Cell(brief("1", "m"))},
     };
 };
 

@@ -1,88 +1,73 @@
 // What all whole-table operations have in common.
 
-#include "brief.h"
+#include "operations.h"
 
 #include <chrono>
 #include <functional>
-#include <vector>
 
 namespace QX {
 namespace {
 
-using Operand = Ptr<Table const>;
+char const* const leftForm = "A 1 {n X 5 } | B 3 4";
 
-struct Operation {
-    char const* name;
-    char const* operand;    // one that the operation accepts for "A 1 {n X 5 } | B 3 4"
-    char const* resultName; // of tables "t" and "u"
-    char const* withNull;   // what a null operand raises
-    std::function<Status(Table const&, Operand const&, Ptr<Table>&)> run;
+// The calls that these tests make; an operand that suits "A 1 {n X 5 } | B 3 4", "=" for that table
+// itself; the name of the result of "t" and "u".
+char const* const calls = R"(
+    merge ; = ; t and u
+    merge by name ; = ; t and u
+    fill -1 ; A 7 | C 8 ; t and t
+    append all ; = ; u and t
+    append all distinct ; = ; u and t
+    overlay items ; = ; u
+    select keep ; A | B Z ; t
+    select keep distinct ; A | B Z ; Distinct
+    select keep invert ; A ; t
+    filter ; B 4 3 ; t
+    filter keep exclude ; B 4 3 | B 3 ; t
+    sort ; B ; t
+    compare ; A 2 | C 3 4 ; t and u
+    operation + under - %D {p - %D } | - - %D ; A 10 {n X 6 } | B 1 2 ; + operation
+    makeTemplate ; = ;
+    transpose ; ; t
+)";
+
+struct Call {
+    std::string text;
+    std::string operand;
+    std::string resultName;
+
+    bool is(std::string const& operation) const { return text.starts_with(operation); }
+    bool needsOperand() const { return !is("overlay") && !is("transpose"); }
+    bool refusesItself() const { return is("append") || is("overlay"); }
+    std::string onNull() const {
+        return is("append") ? "raises No append table provided: " : "raises No operand table provided: ";
+    }
 };
 
-char const* const leftForm = "A 1 {n X 5 } | B 3 4";
-char const* const noOperand = "No operand table provided";
-
-std::vector<Operation> operations() {
-    using T = Table const&;
-    using O = Operand const&;
-    using R = Ptr<Table>&;
-    return {
-        {"merge", leftForm, "t and u", noOperand, [](T t, O o, R r) { return t.merge(o, r, false); }},
-        {"merge by name", leftForm, "t and u", noOperand,
-         [](T t, O o, R r) { return t.merge(o, r, true); }},
-        {"fill", "A 7 | C 8", "t and t", noOperand, [](T t, O o, R r) { return t.fill(o, r, -1); }},
-        {"append", leftForm, "u and t", "No append table provided",
-         [](T t, O o, R r) { return t.append(o, r, true, false); }},
-        {"append distinct", leftForm, "u and t", "No append table provided",
-         [](T t, O o, R r) { return t.append(o, r, true, true); }},
-        {"overlay", leftForm, "u", "",
-         [](T t, O o, R r) { return t.overlay(o, r, false, false, true); }},
-        {"select", "A | B Z", "t", noOperand,
-         [](T t, O o, R r) { return t.select(o, r, true, false, false); }},
-        {"select distinct", "A | B Z", "Distinct", noOperand,
-         [](T t, O o, R r) { return t.select(o, r, true, true, false); }},
-        {"select inverted", "A", "t", noOperand,
-         [](T t, O o, R r) { return t.select(o, r, true, false, true); }},
-        {"filter", "B 4 3", "t", noOperand, [](T t, O o, R r) { return t.filter(o, r, false, false); }},
-        {"filter twice", "B 4 3 | B 3", "t", noOperand,
-         [](T t, O o, R r) { return t.filter(o, r, true, true); }},
-        {"sort", "B", "t", noOperand, [](T t, O o, R r) { return t.sort(o, r, false); }},
-        {"compare", "A 2 | C 3 4", "t and u", noOperand,
-         [](T t, O o, R r) { return t.compare(o, r, false); }},
-        {"operation", "A 10 {n X 6 } | B 1 2", "+ operation ", noOperand,
-         [](T t, O o, R r) { return t.operation(o, "+", brief("- %D {p - %D } | - - %D"), r); }},
-        {"makeTemplate", leftForm, "", noOperand, [](T t, O o, R r) { return t.makeTemplate(o, r); }},
-        {"transpose", "", "t", "", [](T t, O, R r) { return t.transpose(r); }},
-    };
-}
-
-/// Runs `check` for every operation, with the form of the result in the plain case.
-void forEach(std::function<void(Operation const&, std::string const& plain)> const& check) {
-    for (Operation const& each : operations()) {
-        SCOPED_TRACE(each.name);
-        Ptr<Table> result;
-        EXPECT_EQ(outcome(each.run(*brief(leftForm), brief(each.operand, "u"), result)), "Ok");
-        ASSERT_TRUE(result);
-        EXPECT_EQ(string(result->name()), each.resultName);
-        check(each, brief(*result));
+void forEach(std::function<void(Call const&)> const& check) {
+    for (Row const& row : rows(calls)) {
+        SCOPED_TRACE(row.line);
+        check({row[0], row[1] == "=" ? leftForm : row[1], row[2]});
     }
 }
 
-bool refusesItself(Operation const& each) {
-    return std::string(each.name).find("append") == 0 || std::string(each.name) == "overlay";
+/// What a call gives for tables of its own.
+std::string plain(Call const& call, std::string const& left, std::string const& right) {
+    Ptr<Table> result;
+    return told(call.text, *brief(left), brief(right, "u"), result);
 }
 
 TEST(TableOperations, MakeANewTableAndChangeNoOther) {
-    forEach([](Operation const& each, std::string const& plain) {
+    forEach([](Call const& call) {
         Ptr<Table> const left = brief(leftForm);
-        Ptr<Table> const right = brief(each.operand, "u");
+        Ptr<Table> const right = brief(call.operand, "u");
         left->setAttribute("mark", 1);
         right->setAttribute("mark", 2);
         std::string const before = shown(*left) + shown(*right);
         Ptr<Table> const former = brief("r", "R");
         Ptr<Table> result = former;
-        (void)each.run(*left, right, result);
-        EXPECT_EQ(brief(*result), plain);
+        ASSERT_EQ(outcome(run(call.text, *left, right, result)), "Ok");
+        EXPECT_EQ(trimmed(string(result->name())), call.resultName);
         EXPECT_NE(result.get(), former.get());
         EXPECT_EQ(result.useCount(), 1U);
         EXPECT_EQ(named(former), "R: r");
@@ -93,128 +78,99 @@ TEST(TableOperations, MakeANewTableAndChangeNoOther) {
 }
 
 TEST(TableOperations, RaiseForANullOperand) {
-    forEach([](Operation const& each, std::string const&) {
-        Ptr<Table> const left = brief(leftForm);
+    forEach([](Call const& call) {
         Ptr<Table> result = brief("r", "R");
-        EXPECT_EQ(raised([&] { (void)each.run(*left, nullptr, result); }), each.withNull);
-        EXPECT_EQ(named(result) == "R: r", *each.withNull != '\0');
+        std::string const found = told(call.text, *brief(leftForm), nullptr, result);
+        EXPECT_EQ(found == call.onNull() + "kept", call.needsOperand()) << found;
     });
     Ptr<Table> const t = brief("A 1");
-    Ptr<Table> result;
+    Ptr<Table> result = t;
     double total = 9;
-    EXPECT_EQ(raised([&] { (void)t->operation(t, "+", nullptr, result); }), noOperand);
-    EXPECT_EQ(raised([&] { (void)t->unaryOperation("+", nullptr, total); }), noOperand);
-    EXPECT_EQ(raised([&] { (void)t->match(nullptr, false); }), noOperand);
+    std::string const complaint = "No operand table provided";
+    EXPECT_EQ(raised([&] { t->operation(t, "+", nullptr, result); }), complaint);
+    EXPECT_EQ(raised([&] { t->unaryOperation("+", nullptr, total); }), complaint);
+    EXPECT_EQ(raised([&] { (void)t->match(nullptr, false); }), complaint);
     EXPECT_EQ(total, 9);
-    result = t;
-    EXPECT_EQ(raised([&] { (void)t->append(nullptr, result, true, true); }), "No append table provided")
+    EXPECT_EQ(told("append", *t, nullptr, result), "raises No append table provided: kept")
         << "before the result is looked at";
 }
 
 TEST(TableOperations, MayReplaceTheLastHandleOfTheirInputs) {
-    forEach([](Operation const& each, std::string const& plain) {
-        Ptr<Table> result = brief(each.operand, "u");
+    forEach([](Call const& call) {
+        std::string const expected = plain(call, leftForm, call.operand);
+        Ptr<Table> result = brief(call.operand, "u");
         Operand operand = result;
         Table const& right = *operand;
-        (void)each.run(*brief(leftForm), operand, result);
-        EXPECT_EQ(brief(*result), plain) << "result and operand";
-        EXPECT_EQ(brief(right), brief(*brief(each.operand)));
-        if (!refusesItself(each)) {
+        run(call.text, *brief(leftForm), operand, result);
+        EXPECT_EQ(brief(*result), expected) << "result and operand";
+        EXPECT_EQ(brief(right), brief(*brief(call.operand)));
+        if (!call.refusesItself()) {
             result = brief(leftForm);
-            (void)each.run(*result, operand, result);
-            EXPECT_EQ(brief(*result), plain) << "result and this table";
+            run(call.text, *result, operand, result);
+            EXPECT_EQ(brief(*result), expected) << "result and this table";
         }
     });
 }
 
 TEST(TableOperations, AcceptThisTableAsOperand) {
-    for (Operation const& each : operations()) {
-        SCOPED_TRACE(each.name);
-        Ptr<Table> const itself = brief("A 1");
+    forEach([](Call const& call) {
+        std::string const form = call.is("operation") ? leftForm : "A 1";
+        Ptr<Table> const itself = brief(form);
         Ptr<Table> result;
-        Ptr<Table> expected;
-        if (each.name != std::string("operation")) {
-            (void)each.run(*itself, brief("A 1"), expected);
-            (void)each.run(*itself, itself, result);
-            EXPECT_EQ(named(result), named(expected));
-        }
-    }
-    Ptr<Table> const t = brief("A 1 x");
-    Ptr<Table> result;
-    (void)t->operation(t, "+", t, result);
-    EXPECT_EQ(brief(*result), "A 1 x");
+        EXPECT_EQ(told(call.text, *itself, itself, result), plain(call, form, form));
+    });
 }
 
 TEST(TableOperations, AppendAndOverlayRefuseThisTableAsResult) {
     Ptr<Table> const t = brief("A 1");
-    Ptr<Table> const alike(new Table(*t)); // another handle to the same data
-    for (Operation const& each : operations()) {
-        SCOPED_TRACE(each.name);
-        if (refusesItself(each)) {
-            Ptr<Table> result = alike;
-            EXPECT_EQ(raised([&] { (void)each.run(*t, brief("A 2"), result); }),
-                      "Result table cannot be same as 'this' table");
-            EXPECT_EQ(result.get(), alike.get());
-            result = brief("A 1");
-            EXPECT_EQ(raised([&] { (void)each.run(*t, brief("A 2"), result); }), "");
-        }
-    }
-    EXPECT_EQ(brief(*t), "A 1");
+    forEach([&](Call const& call) {
+        Ptr<Table> result(new Table(*t)); // another handle to the same data
+        std::string const found = told(call.text, *t, brief("A 2"), result);
+        EXPECT_EQ(found == "raises Result table cannot be same as 'this' table: kept",
+                  call.refusesItself())
+            << found;
+        EXPECT_EQ(brief(*t), "A 1");
+    });
 }
 
 TEST(TableOperations, ShareNestedTables) {
-    for (Operation const& each : operations()) {
-        std::string const name = each.name;
-        if (name == "overlay" || name == "operation" || name == "makeTemplate" || name == "fill") {
-            continue; // these put others there
+    forEach([](Call const& call) {
+        if (call.is("overlay") || call.is("operation") || call.is("makeTemplate") || call.is("fill")) {
+            return; // these put others there
         }
-        SCOPED_TRACE(name);
         Ptr<Table> const left = brief(leftForm);
         Ptr<Table> const inner = nested(left->get(0, 2));
         Ptr<Table> result;
-        (void)each.run(*left, brief(name == "select inverted" ? "B" : each.operand), result);
+        run(call.text, *left, brief(call.is("select keep invert") ? "B" : call.operand), result);
+        bool const replaced = call.is("merge by name") || call.is("filter keep exclude");
         bool found = false;
-        for (std::size_t i = 0; i < result->indices(); ++i) {
-            for (std::size_t j = 0; j < length(*result, i); ++j) {
-                found = found || nested(result->get(i, j)).get() == inner.get();
-            }
+        for (std::size_t k = 0; k < result->indices() * result->items(0); ++k) {
+            Cell const& cell = result->get(k % result->indices(), k / result->indices());
+            found = found || nested(cell).get() == inner.get();
         }
-        EXPECT_EQ(found, name != "merge by name" && name != "filter twice");
-    }
+        EXPECT_EQ(found, !replaced);
+    });
 }
 
 TEST(TableOperations, TakeATableWithoutDataAsAnEmptyOne) {
-    Table const without{Ptr<TableImplementation>()};
-    Ptr<Table> const operand(new Table(without));
-    for (Operation const& each : operations()) {
-        SCOPED_TRACE(each.name);
-        std::string const forms[] = {each.operand, ""};
-        for (std::string const& form : forms) {
+    Ptr<Table> const without(new Table(Ptr<TableImplementation>()));
+    forEach([&](Call const& call) {
+        for (std::string const& form : {call.operand, std::string("A 1 | B"), std::string()}) {
             Ptr<Table> result;
-            Ptr<Table> expected;
-            std::string done[2];
-            std::string const failures[] = {
-                raised([&] { done[0] = outcome(each.run(without, brief(form), result)); }),
-                raised([&] { done[1] = outcome(each.run(Table(), brief(form), expected)); })};
-            EXPECT_EQ(failures[0] + done[0] + named(result), failures[1] + done[1] + named(expected));
+            EXPECT_EQ(told(call.text, *without, brief(form, "u"), result), plain(call, "", form));
+            result = nullptr;
+            EXPECT_EQ(told(call.text, *brief(form), without, result), plain(call, form, ""));
         }
-        Ptr<Table> result;
-        Ptr<Table> expected;
-        std::string const left = "A 1 | B";
-        std::string const failures[] = {
-            raised([&] { (void)each.run(*brief(left), operand, result); }),
-            raised([&] { (void)each.run(*brief(left), table(""), expected); })};
-        EXPECT_EQ(failures[0] + named(result), failures[1] + named(expected));
-    }
-    EXPECT_EQ(shown(without), "Null table\n");
+    });
+    EXPECT_EQ(shown(*without), "Null table\n");
 }
 
 // A walk along all names for each name would take many times as long.
 TEST(TableOperations, FindManyNamesInLinearTime) {
     constexpr std::size_t many = 60000;
-    Ptr<Table> const left = table("t");
-    Ptr<Table> const right = table("u");
-    Ptr<Table> const names = table("v");
+    Ptr<Table> const left = brief("");
+    Ptr<Table> const right = brief("");
+    Ptr<Table> const names = brief("");
     for (std::size_t i = 0; i < many; ++i) {
         left->at(i, 1) = Cell(1);
         left->at(i, 0) = Cell(Str("index " + std::to_string(i)));
@@ -222,17 +178,15 @@ TEST(TableOperations, FindManyNamesInLinearTime) {
         right->at(i, 0) = Cell(Str("index " + std::to_string(many + many / 2 - i)));
         names->at(i, 0) = right->get(i, 0);
     }
-    for (Operation const& each : operations()) {
-        std::string const name = each.name;
-        if (name.find("filter") == 0 || name == "sort" || name == "operation") {
-            continue; // these look up few names
+    forEach([&](Call const& call) {
+        if (call.is("filter") || call.is("sort") || call.is("operation")) {
+            return; // these look up few names
         }
-        SCOPED_TRACE(name);
         Ptr<Table> result;
         auto const start = std::chrono::steady_clock::now();
-        (void)each.run(*left, name.find("select") == 0 ? names : right, result);
+        run(call.text, *left, call.is("select") ? names : right, result);
         ASSERT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
-    }
+    });
 }
 
 } // namespace

@@ -4,36 +4,10 @@
 #include <qx/qx.h>
 
 #include <cstring>
-#include <initializer_list>
 #include <sstream>
 #include <string>
 
 namespace QX {
-
-/// What builds one cell of a table in a test: a number, a text under the text rule, a status, a handle
-/// or a cell.
-struct Item {
-    template <typename T>
-    Item(T const& value) : cell(value) {}
-
-    Cell cell;
-};
-
-/// table("prices", {{"fruit", "apple", "pear"}, {"price", 3, 4.5}}): one inner list per index.
-/// An index without items needs one with items behind it.
-inline Ptr<Table> table(Str const& name,
-                        std::initializer_list<std::initializer_list<Item>> indices = {}) {
-    Ptr<Table> made(new Table(name));
-    std::size_t i = 0;
-    for (auto const& index : indices) {
-        std::size_t j = 0;
-        for (Item const& item : index) {
-            made->at(i, j++, item.cell);
-        }
-        ++i;
-    }
-    return made;
-}
 
 inline std::string string(Str const& text) {
     return std::string(text.data(), text.size());

@@ -5,53 +5,45 @@ namespace {
 
 char const* const fruit = "price 10 20 30 | stock {red n 1 2 | m 3 } 7 {green n 4 | m 5 6 7 }";
 
-struct PathCase {
-    char const* path;
-    char const* result; // of XPath on `fruit`; null for the base table
-    char const* value;  // of atXPath without creating
-};
-
-PathCase const pathCases[] = {
-    {"price", "price 10 20 30", "10"},
-    {"/price", "price 10 20 30", "10"},
-    {"//price//", "price 10 20 30", "10"},
-    {"price[2]", "price 20", "20"},
-    {"price[ 2]", "price 20", "20"},
-    {"price[2", "price 20", "20"},
-    {"price[2]x", "price 20", "20"},
-    {"price[0]", "price price", "price"},
-    {"price[9]", "price -", "-"},
-    {"price[18446744073709551614]", "price -", "-"},
-    {"price[-1]", "price 10 20 30", "10"}, // reads as no item number
-    {"none", "none - - -", "-"},
-    {"none[1]", "none -", "-"},
-    {"stock/n", "n 1 2 4 - -", "1"}, // as many as each table's longest index has
-    {"stock/m[2]", "m - 6", "-"},
-    {"stock[3]/m", "m 5 6 7", "5"},
-    {"stock[2]/m", "m", "-"},
-    {"price/n", "n", "-"},
-    {"price/n/m", "m", "-"},
-    {"stock//n[1]", "n 1 4", "1"},
-    {"stock/[1]/n", "stock {red n 1 2 | m 3 } 7 {green n 4 | m 5 6 7 }", "{red n 1 2 | m 3 }"}, // stops
-    {"stock[1]/n[x]/m", "stock {red n 1 2 | m 3 }", "{red n 1 2 | m 3 }"},
-    {"stock[1]/n[99999999999999999999]", "stock {red n 1 2 | m 3 }", "{red n 1 2 | m 3 }"},
-    {"", nullptr, nullptr},
-    {"///", nullptr, nullptr},
-    {"[1]", nullptr, nullptr},
-    {"price[]", nullptr, nullptr},
-    {"price[x]/n", nullptr, nullptr},
-};
-
+/// Rows of "path ; result of XPath on `fruit` ; what atXPath reads there"; "base" is the table itself.
 TEST(TableXPath, ReachesValues) {
     Ptr<Table> const t = brief(fruit);
-    for (PathCase const& row : pathCases) {
-        SCOPED_TRACE(row.path);
+    std::string const base = "{t " + std::string(fruit) + " }";
+    for (Row const& row : rows(R"(
+        price ; price 10 20 30 ; 10
+        /price ; price 10 20 30 ; 10
+        //price// ; price 10 20 30 ; 10
+        price[2] ; price 20 ; 20
+        price[ 2] ; price 20 ; 20
+        price[2 ; price 20 ; 20
+        price[2]x ; price 20 ; 20
+        price[0] ; price price ; price
+        price[9] ; price - ; -
+        price[18446744073709551614] ; price - ; -
+        price[-1] ; price 10 20 30 ; 10   <- reads as no item number
+        none ; none - - - ; -
+        none[1] ; none - ; -
+        stock/n ; n 1 2 4 - - ; 1   <- as many as each table's longest index has
+        stock/m[2] ; m - 6 ; -
+        stock[3]/m ; m 5 6 7 ; 5
+        stock[2]/m ; m ; -
+        price/n ; n ; -
+        price/n/m ; m ; -
+        stock//n[1] ; n 1 4 ; 1
+        stock/[1]/n ; stock {red n 1 2 | m 3 } 7 {green n 4 | m 5 6 7 } ; {red n 1 2 | m 3 }   <- stops
+        stock[1]/n[x]/m ; stock {red n 1 2 | m 3 } ; {red n 1 2 | m 3 }
+        stock[1]/n[99999999999999999999] ; stock {red n 1 2 | m 3 } ; {red n 1 2 | m 3 }
+        ; base ; base
+        /// ; base ; base
+        [1] ; base ; base
+        price[] ; base ; base
+        price[x]/n ; base ; base
+    )")) {
+        SCOPED_TRACE(row.line);
         Ptr<Table> result;
-        EXPECT_EQ(outcome(t->XPath(row.path, result)), "Ok");
-        EXPECT_EQ(named(result), row.result == nullptr ? "Xpath: base {t " + std::string(fruit) + " }"
-                                                       : std::string("results: ") + row.result);
-        EXPECT_EQ(brief(t->atXPath(row.path, Cell("unused"))),
-                  row.value == nullptr ? "{t " + std::string(fruit) + " }" : row.value);
+        EXPECT_EQ(outcome(t->XPath(Str(row[0]), result)), "Ok");
+        EXPECT_EQ(named(result), row[1] == "base" ? "Xpath: base " + base : "results: " + row[1]);
+        EXPECT_EQ(brief(t->atXPath(Str(row[0]), Cell("unused"))), row[2] == "base" ? base : row[2]);
     }
     EXPECT_EQ(brief(*t), fruit) << "reading changes nothing";
 }
@@ -79,53 +71,48 @@ TEST(TableXPath, TakesAnySeparator) {
     EXPECT_EQ(brief(brief(fruit)->atXPath("stock.m", false, '.')), "3");
 }
 
-struct WriteCase {
-    char const* table;
-    char const* path;
-    bool create;
-    char const* result; // with 5 written at the path; null when the path is refused
-};
-
-WriteCase const writeCases[] = {
-    {"A 1 2", "A", false, "A 5 2"},
-    {"A 1 2", "A[2]", false, "A 1 5"},
-    {"A 1 2", "A[0]", false, "5 1 2"},
-    {"A 1 2", "A[3]", false, nullptr},
-    {"A 1 2", "A[3]", true, "A 1 2 5"},
-    {"A 1 2", "B", false, "A 1 2 | B 5"}, // added all the same
-    {"A 1 | B 1 2", "A[2]", false, "A 1 5 | B 1 2"},
-    {"A", "A", false, nullptr},
-    {"", "A", false, nullptr},
-    {"", "A", true, "A 5"},
-    {"", "/A[2]", true, "A - 5"},
-    {"", "A/B", true, "A {A B 5 }"},
-    {"", "A[2]/B", true, nullptr}, // the new table is in item 1
-    {"A 1", "A/B", true, nullptr},
-    {"A 1", "A/B", false, nullptr},
-    {"A {n }", "A/B", false, nullptr},
-    {"A {n }", "A/B", true, "A {n B 5 }"},
-    {"A {n X 1 } {m X 1 }", "A/X", false, "A {n X 5 } {m X 1 }"},
-    {"A {n X 1 } {m X 1 }", "A/X/Y", true, nullptr},
-    {"A 1 {m X 1 }", "A/X", true, nullptr}, // only the first counts
-    {"A {n X 1 } {m }", "A/B/C", true, "A {n X 1 | B {B C 5 } } {m B {B } }"},
-    {"A 1", "A[x]", true, nullptr},
-    {"A 1", "A[x]/A", true, "A 5"}, // the walk stops at the first step
-    {"A 1", "", true, "A 1 | \"\" 5"},
-    {"A {n X 1 }", "A/", true, "A {n X 1 | \"\" 5 }"},
-};
+/// Rows of "table ; path ; the table with 5 written there".
+void expectWritten(bool create, char const* cases) {
+    for (Row const& row : rows(cases)) {
+        SCOPED_TRACE(row.line);
+        Ptr<Table> const t = brief(row[0]);
+        std::string const failure = raised([&] { t->atXPath(Str(row[1]), create) = Cell(5); });
+        bool const refused = row[2] == "refused";
+        EXPECT_EQ(failure, refused ? "No value at specified xpath '" + row[1] + "'" : "");
+        EXPECT_TRUE(refused || brief(*t) == row[2]) << brief(*t);
+    }
+}
 
 TEST(TableAtXPath, WritesThroughThePath) {
-    for (WriteCase const& row : writeCases) {
-        SCOPED_TRACE(row.table + std::string(" at ") + row.path + (row.create ? " create" : ""));
-        Ptr<Table> const t = brief(row.table);
-        std::string const failure = raised([&] { t->atXPath(row.path, row.create) = Cell(5); });
-        if (row.result == nullptr) {
-            EXPECT_EQ(failure, "No value at specified xpath '" + std::string(row.path) + "'");
-        } else {
-            EXPECT_EQ(failure, "");
-            EXPECT_EQ(brief(*t), row.result);
-        }
-    }
+    expectWritten(false, R"(
+        A 1 2 ; A ; A 5 2
+        A 1 2 ; A[2] ; A 1 5
+        A 1 2 ; A[0] ; 5 1 2
+        A 1 2 ; A[3] ; refused
+        A 1 2 ; B ; A 1 2 | B 5   <- added all the same
+        A 1 | B 1 2 ; A[2] ; A 1 5 | B 1 2
+        A ; A ; refused
+        ; A ; refused
+        A 1 ; A/B ; refused
+        A {n } ; A/B ; refused
+        A {n X 1 } {m X 1 } ; A/X ; A {n X 5 } {m X 1 }
+    )");
+    expectWritten(true, R"(
+        A 1 2 ; A[3] ; A 1 2 5
+        ; A ; A 5
+        ; /A[2] ; A - 5
+        ; A/B ; A {A B 5 }
+        ; A[2]/B ; refused   <- the new table is in item 1
+        A 1 ; A/B ; refused
+        A {n } ; A/B ; A {n B 5 }
+        A {n X 1 } {m X 1 } ; A/X/Y ; refused
+        A 1 {m X 1 } ; A/X ; refused   <- only the first counts
+        A {n X 1 } {m } ; A/B/C ; A {n X 1 | B {B C 5 } } {m B {B } }
+        A 1 ; A[x] ; refused
+        A 1 ; A[x]/A ; A 5   <- the walk stops at the first step
+        A 1 ;  ; A 1 | "" 5
+        A {n X 1 } ; A/ ; A {n X 1 | "" 5 }
+    )");
 }
 
 TEST(TableAtXPath, KeepsTheTableWhenThereIsNoMemory) {
