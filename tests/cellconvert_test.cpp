@@ -1,7 +1,4 @@
-#include "support.h"
-
-#include <cmath>
-#include <limits>
+#include "brief.h"
 
 namespace QX {
 namespace {
@@ -15,147 +12,92 @@ std::string show(Ptr<Table const> const& out) {
 std::string show(Status const& out) {
     return outcome(out);
 }
-std::string show(bool out) {
-    return out ? "true" : "false";
-}
-std::string show(int out) {
-    return std::to_string(out);
-}
 std::string show(AnalyticDouble const& out) {
     return string(Str::asString(out.get())) + (out.isValid() ? "" : " not valid");
-}
-std::string show(double out) {
-    return string(Str::asString(out));
 }
 std::string show(Str const& out) {
     return "'" + string(out) + "'";
 }
+std::string show(int out) {
+    return string(Str::asString(out));
+}
+std::string show(double out) {
+    return string(Str::asString(out));
+}
+std::string show(bool out) {
+    return out ? "true" : "false";
+}
 
-/// What a conversion leaves in `out`, "-" for untouched, and its failure behind "!".
+/// What a conversion leaves in `out`, with its failure behind "!"; "" when the kind does not support it.
 template <typename T, typename... Args>
-std::string converted(Cell const& cell, T out, Args... args) {
+std::string converted(char const* target, Cell const& cell, T out, Args... args) {
     std::string const before = show(out);
-    Status const status = cell.get(out, args...);
-    std::string const left = show(out) == before ? "-" : show(out);
-    return left + (status.ok() ? "" : " ! " + outcome(status));
-}
-
-/// One cell and what each conversion makes of it; an empty expectation is the failure of a kind that
-/// does not support the conversion.
-struct Conversions {
-    char const* name;
-    Cell cell;
-    std::string date{};
-    std::string constTable{};
-    std::string table{};
-    std::string status{};
-    std::string string{};
-    std::string boolean{};
-    std::string integer{};
-    std::string analytic{};
-    std::string real{};
-};
-
-std::string expected(std::string const& expectation, char const* target) {
-    std::string const unsupported =
-        "- ! Cell translation to " + std::string(target) + " not supported for this type";
-    return expectation.empty() ? unsupported : expectation;
-}
-
-void expectConversions(Conversions const& row) {
-    SCOPED_TRACE(row.name);
-    AnalyticDouble analytic;
-    analytic.value = -77;
-    EXPECT_EQ(converted(row.cell, Date(-77)), expected(row.date, "date"));
-    EXPECT_EQ(converted(row.cell, Ptr<Table const>()), expected(row.constTable, "const table"));
-    EXPECT_EQ(converted(row.cell, Ptr<Table>()), expected(row.table, "table"));
-    EXPECT_EQ(converted(row.cell, Status("before", Status::Warning, 7)), expected(row.status, "status"));
-    EXPECT_EQ(converted(row.cell, Str("before"), 0), expected(row.string, "string"));
-    EXPECT_EQ(converted(row.cell, -77), expected(row.integer, "integer"));
-    EXPECT_EQ(converted(row.cell, analytic), expected(row.analytic, "AnalyticDouble"));
-    EXPECT_EQ(converted(row.cell, -77.0), expected(row.real, "double"));
-    // A bool has no third value to start from, so both are tried.
-    bool const unsupported = row.boolean.empty();
-    for (bool const before : {false, true}) {
-        bool out = before;
-        std::string const outcomeOfBool = outcome(row.cell.get(out));
-        EXPECT_EQ(outcomeOfBool,
-                  unsupported ? "Cell translation to bool not supported for this type" : "Ok");
-        EXPECT_EQ(show(out), unsupported ? show(before) : row.boolean);
+    std::string const done = outcome(cell.get(out, args...));
+    if (done == "Cell translation to " + std::string(target) + " not supported for this type") {
+        EXPECT_EQ(show(out), before) << target;
+        return "";
     }
+    return std::string(", ") + target + " " + show(out) + (done == "Ok" ? "" : " ! " + done);
 }
 
-Conversions numeric(Cell const& cell, char const* text, std::string const& date,
-                    std::string const& integer) {
-    bool const zero = std::string(text) == "0" || std::string(text) == "-0";
-    return {.name = text,
-            .cell = cell,
-            .date = date,
-            .string = show(Str(text)),
-            .boolean = zero ? "false" : "true",
-            .integer = integer,
-            .analytic = std::string(text) + (cell.empty() ? " not valid" : ""),
-            .real = text};
-}
-
-Conversions words(char const* name, char const* text, char const* boolean) {
-    std::string const date =
-        std::string("day -2147483648 ! String ") + text + " is not a recognised date";
-    return {
-        .name = name, .cell = Cell(text), .date = date, .string = show(Str(text)), .boolean = boolean};
+std::string conversions(Cell const& cell) {
+    std::string const ofFalse = converted("bool", cell, false);
+    EXPECT_EQ(converted("bool", cell, true), ofFalse) << "whatever stood there";
+    std::string const all =
+        converted("date", cell, Date(-77)) + converted("const table", cell, Ptr<Table const>()) +
+        converted("table", cell, Ptr<Table>()) +
+        converted("status", cell, Status("before", Status::Ok, 7)) +
+        converted("string", cell, Str("before"), 0) + ofFalse + converted("integer", cell, -77) +
+        converted("AnalyticDouble", cell, number(-77)) + converted("double", cell, -77.0);
+    return all.substr(std::min<std::size_t>(2, all.size()));
 }
 
 TEST(CellConversion, OfEveryKindToEveryType) {
+    for (Row const& row : rows(R"(
+        - ; string '', bool false
+        abc ; date day -2147483648 ! String abc is not a recognised date, string 'abc', bool false
+        tRUE ; date day -2147483648 ! String tRUE is not a recognised date, string 'tRUE', bool true
+        1970-01-13 ; date 1970-01-13, string '1970-01-13', bool false
+        {t } ; const table t, table t
+        !x ; date day -2147483648 ! String  is not a recognised date, status x, string '#Err: x', bool false
+        12 ; date 1970-01-13, string '12', bool true, integer 12, AnalyticDouble 12, double 12
+        -0 ; date 1970-01-01, string '-0', bool false, integer 0, AnalyticDouble -0, double -0
+        ?5 ; date 1970-01-06, string '5', bool true, integer 5, AnalyticDouble 5 not valid, double 5
+    )")) {
+        Cell cell;
+        std::istringstream(row[0]) >> cell;
+        EXPECT_EQ(conversions(cell), row[1]) << row.line;
+    }
+    EXPECT_TRUE(conversions(Cell(Status("x", Status::Ok, 0))).ends_with("string 'x', bool false"));
+    EXPECT_TRUE(conversions(Cell("TRUE ")).ends_with("string 'TRUE ', bool false"));
+}
+
+TEST(CellConversion, OfNumbersThatAreNoIntOrDate) {
     std::string const noInt = " ! Integer not equivalent to number";
-    std::string const lowest = "day -2147483648 ! Not a valid date";
-    std::string const greatest = "day 2147483647 ! Not a valid date";
-    std::string const noText = "day -2147483648 ! String  is not a recognised date";
-    double const aboveTwo = std::nextafter(2.0, 3.0);
-    Conversions const rows[] = {
-        {.name = "empty", .cell = Cell(), .string = "''", .boolean = "false"},
-        words("words", "abc", "false"),
-        words("nearly a number", "5 ", "false"),
-        words("truth", "tRUE", "true"),
-        words("nearly truth", "TRUE ", "false"),
-        {.name = "date",
-         .cell = Cell("1970-01-13"),
-         .date = "1970-01-13",
-         .string = "'1970-01-13'",
-         .boolean = "false"},
-        {.name = "table", .cell = Cell(table("t")), .constTable = "t", .table = "t"},
-        {.name = "error",
-         .cell = Cell(Status("x", Status::Critical, 5)),
-         .date = noText,
-         .status = "x",
-         .string = "'#Critical: x'",
-         .boolean = "false"},
-        {.name = "Ok status",
-         .cell = Cell(Status("x", Status::Ok, 0)),
-         .date = noText,
-         .status = "x",
-         .string = "'x'",
-         .boolean = "false"},
-        numeric(Cell(12), "12", "1970-01-13", "12"),
-        numeric(Cell(2.5), "2.5", "1970-01-03", "2" + noInt),
-        numeric(Cell(-0.5), "-0.5", "1970-01-01", "0" + noInt),
-        numeric(Cell(aboveTwo), "2.0000000000000004", "1970-01-03", "2"),
-        numeric(Cell(std::nextafter(aboveTwo, 3)), "2.000000000000001", "1970-01-03", "2" + noInt),
-        numeric(Cell(std::nextafter(2.0, 1.0)), "1.9999999999999998", "1970-01-02", "1" + noInt),
-        numeric(Cell(2e-16), "2e-16", "1970-01-01", "0"),
-        numeric(Cell(3e-16), "3e-16", "1970-01-01", "0" + noInt),
-        numeric(Cell(-0.0), "-0", "1970-01-01", "0"),
-        numeric(Cell(-2147483648.0), "-2147483648", lowest, "-2147483648"),
-        numeric(Cell(-2147483648.5), "-2147483648.5", lowest, "-2147483648" + noInt),
-        numeric(Cell(2147483647.5), "2147483647.5", greatest, "2147483647" + noInt),
-        numeric(Cell(2147483648.0), "2147483648", lowest, "-2147483648" + noInt),
-        numeric(Cell(3e9), "3000000000", lowest, "-2147483648" + noInt),
-        numeric(Cell(NAN), "nan", lowest, "-2147483648" + noInt),
-        numeric(Cell(INFINITY), "inf", lowest, "-2147483648"),
-        numeric(undefined(5), "5", "1970-01-06", "5"),
-        numeric(undefined(), "0", "1970-01-01", "0"),
-    };
-    for (Conversions const& row : rows) {
-        expectConversions(row);
+    std::string const noDate = " ! Not a valid date";
+    for (Row const& row : rows(R"(
+        2.5 ; 2 ! ; 1970-01-03
+        -0.5 ; 0 ! ; 1970-01-01
+        2.0000000000000004 ; 2 ; 1970-01-03   <- one step from a whole number
+        2.000000000000001 ; 2 ! ; 1970-01-03
+        1.9999999999999998 ; 1 ! ; 1970-01-02
+        2e-16 ; 0 ; 1970-01-01
+        3e-16 ; 0 ! ; 1970-01-01
+        -2147483648 ; -2147483648 ; day -2147483648 !
+        -2147483648.5 ; -2147483648 ! ; day -2147483648 !
+        2147483647.5 ; 2147483647 ! ; day 2147483647 !
+        2147483648 ; -2147483648 ! ; day -2147483648 !
+        nan ; -2147483648 ! ; day -2147483648 !
+        inf ; -2147483648 ; day -2147483648 !   <- counts as whole
+    )")) {
+        Cell cell;
+        std::istringstream(row[0]) >> cell;
+        auto const expected = [&](std::size_t field, std::string const& failure) {
+            std::string const form = row[field];
+            return form.ends_with(" !") ? form.substr(0, form.size() - 2) + failure : form;
+        };
+        EXPECT_EQ(converted("integer", cell, -77), ", integer " + expected(1, noInt)) << row.line;
+        EXPECT_EQ(converted("date", cell, Date(-77)), ", date " + expected(2, noDate)) << row.line;
     }
 }
 

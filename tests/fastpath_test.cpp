@@ -179,12 +179,18 @@ Cell nameByText(Cell const& name) {
     return Cell(text);
 }
 
+/// Lays the items of index k of `source`, from item `from` on, over index i of `result`, at item `at` on.
+void lay(Table& result, std::size_t i, std::size_t at, Table const& source, std::size_t k,
+         std::size_t from) {
+    for (std::size_t j = source.items(0); j-- > from;) {
+        result.at(i, at + j - from) = source.get(k, j);
+    }
+}
+
 Ptr<Table> rectangle(Table const& table) {
     Ptr<Table> copy(new Table);
     for (std::size_t i = 0; i < table.indices(); ++i) {
-        for (std::size_t j = table.items(0); j-- > 0;) {
-            copy->at(i, j) = table.get(i, j);
-        }
+        lay(*copy, i, 0, table, i, 0);
     }
     return copy;
 }
@@ -192,26 +198,20 @@ Ptr<Table> rectangle(Table const& table) {
 Ptr<Table> mergePlainly(Table const& left, Table const& right) {
     Ptr<Table> const result = rectangle(left);
     for (std::size_t k = 0; k < right.indices(); ++k) {
-        std::size_t const match = findPlainly(*result, right.get(k, 0));
-        std::size_t const target = match == Table::npos ? result->indices() : match;
-        for (std::size_t j = right.items(0); j-- > 0;) {
-            result->at(target, j) = right.get(k, j);
-        }
+        lay(*result, std::min(findPlainly(*result, right.get(k, 0)), result->indices()), 0, right, k, 0);
     }
     return result;
 }
 
 Ptr<Table> appendPlainly(Table const& left, Table const& right) {
     Ptr<Table> const result = rectangle(left);
-    std::size_t const base = result->items(0) == 0 ? 0 : result->items(0) - 1;
+    std::size_t const base = std::max<std::size_t>(result->items(0), 1);
     for (std::size_t k = 0; k < right.indices(); ++k) {
         Cell const name = nameByText(right.get(k, 0));
         if (findPlainly(*result, name) == Table::npos) {
             result->at(Table::npos, 0) = name;
         }
-        for (std::size_t j = right.items(0); j-- > 1;) {
-            result->at(findPlainly(*result, name), base + j) = right.get(k, j);
-        }
+        lay(*result, findPlainly(*result, name), base, right, k, 1);
     }
     return result;
 }
@@ -219,8 +219,7 @@ Ptr<Table> appendPlainly(Table const& left, Table const& right) {
 Ptr<Table> overlayPlainly(Table const& left, Table const& right) {
     Ptr<Table> const result = rectangle(left);
     for (std::size_t k = right.indices(); k-- > 0;) {
-        std::size_t const match = findPlainly(left, right.get(k, 0));
-        std::size_t const target = match == Table::npos ? result->indices() : match;
+        std::size_t const target = std::min(findPlainly(left, right.get(k, 0)), result->indices());
         for (std::size_t j = right.items(0); j-- > 0;) {
             if (!right.get(k, j).empty()) {
                 result->at(target, j) = right.get(k, j);
@@ -234,22 +233,17 @@ Ptr<Table> selectPlainly(Table const& left, Table const& names, bool invert) {
     Ptr<Table> result(new Table);
     Table const& from = invert ? left : names;
     for (std::size_t k = 0; k < from.indices(); ++k) {
-        Cell name = from.get(k, 0);
-        if (invert) {
-            std::size_t const named = findPlainly(names, nameByText(name));
-            if (names.get(named, 0).isA() != Cell::EmptyCell) {
-                continue;
-            }
-            name = nameByText(name);
+        Cell const name = invert ? nameByText(from.get(k, 0)) : from.get(k, 0);
+        if (invert && names.get(findPlainly(names, name), 0).isA() != Cell::EmptyCell) {
+            continue;
         }
         std::size_t const r = result->indices();
         std::size_t const match = findPlainly(left, nameByText(name));
         result->at(r, 0) = name;
-        for (std::size_t j = left.items(0); j-- > 1 && match != Table::npos;) {
-            result->at(r, j) = left.get(match, j);
-        }
-        if (match != Table::npos && !invert && !names.get(k, 1).empty()) {
-            result->at(r, 0) = names.get(k, 1);
+        if (match != Table::npos) {
+            lay(*result, r, 1, left, match, 1);
+            bool const renames = !invert && !names.get(k, 1).empty();
+            result->at(r, 0) = renames ? names.get(k, 1) : name;
         }
     }
     return result;
@@ -275,10 +269,10 @@ void walkPlainly(Table const& near, Table const& far, bool first, Table& result)
 }
 
 Ptr<Table> comparePlainly(Table const& left, Table const& right) {
-    Ptr<Table> const result = table("", {{"Xpath"}, {"Left"}, {"Right"}});
+    Ptr<Table> const result = brief("Xpath | Left | Right");
     walkPlainly(left, right, true, *result);
     walkPlainly(right, left, false, *result);
-    return result->items(0) < 2 ? table("") : result;
+    return result->items(0) < 2 ? brief("") : result;
 }
 
 TEST(FastPath, OperationsOnManyNamesKeepToTheirSteps) {

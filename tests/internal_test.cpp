@@ -1,16 +1,16 @@
+#include "brief.h"
 #include "cell/cellempty.h"
 #include "cell/cellerror.h"
 #include "cell/cellnumeric.h"
 #include "cell/cellstring.h"
 #include "cell/celltable.h"
-#include "support.h"
 #include "table/src/tableimpl.h"
 
 namespace QX {
 namespace {
 
 TEST(CellBody, ClonesToABodyOfItsOwn) {
-    Ptr<Table> const held = table("held", {{"A", 1}});
+    Ptr<Table> const held = brief("A 1", "held");
     AnalyticDouble fraction(5, 2);
     EXPECT_EQ(CellEmpty().clone()->isA(), Cell::EmptyCell);
     EXPECT_EQ(printed(Cell(CellNumeric(fraction).clone())), "## 0 1074003968");
@@ -29,7 +29,7 @@ TEST(CellBody, IsSharedByEveryCellThatHoldsIt) {
     Ptr<CellImplementation> const body = CellString("x").clone();
     EXPECT_STREQ(blockOf(body)->location(), "qxdll");
     Cell const first(body);
-    Ptr<Table> const t = table("t");
+    Ptr<Table> const t = brief("");
     t->at(2, 2, first);
     EXPECT_EQ(body.useCount(), 3U);
     Ptr<Table> const copy = t->clone();
