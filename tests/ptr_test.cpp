@@ -15,13 +15,14 @@ static_assert(std::is_convertible_v<Ptr<Table>, Ptr<Table const>>);
 static_assert(!std::is_convertible_v<Ptr<Table const>, Ptr<Table>>);
 static_assert(!std::is_convertible_v<Table*, Ptr<Table>>);
 
-/// An object that knows how many of its class are alive.
+/// An object that knows how many of its class are alive, and may hold another.
 struct Counted {
     Counted() { ++alive; }
     Counted(Counted const&) = delete;
     Counted& operator=(Counted const&) = delete;
     virtual ~Counted() { --alive; }
 
+    Ptr<Counted> next;
     static inline int alive = 0;
 };
 
@@ -50,32 +51,20 @@ std::string failureOf(Call const& call) {
 
 TEST(Ptr, LastHandleEndsTheObject) {
     Ptr<Counted> first(new Counted);
-    EXPECT_EQ(first.useCount(), 1U);
     {
         Ptr<Counted const> const second(first);
         EXPECT_EQ(second.get(), first.get());
         EXPECT_EQ(first.useCount(), 2U);
         first.reset();
         EXPECT_TRUE(first.isNull());
-        EXPECT_EQ(first.get(), nullptr);
         EXPECT_EQ(Counted::alive, 1);
         EXPECT_EQ(second.useCount(), 1U);
     }
     EXPECT_EQ(Counted::alive, 0);
-    first.reset();
-    EXPECT_FALSE(first);
-}
 
-TEST(Ptr, EndsADerivedObjectThroughItsBase) {
-    Derived::ended = 0;
-    Ptr<Derived> derived(new Derived);
-    Ptr<Counted> base(derived);
-    derived = nullptr;
-    base = Ptr<Counted>(new Derived);
-    EXPECT_EQ(Derived::ended, 1);
+    Ptr<Counted> base(Ptr<Derived>(new Derived));
     base.reset();
-    EXPECT_EQ(Derived::ended, 2);
-    EXPECT_EQ(Counted::alive, 0);
+    EXPECT_EQ(Derived::ended, 1) << "as what it was made";
 }
 
 TEST(Ptr, AssignmentKeepsCounts) {
@@ -84,7 +73,6 @@ TEST(Ptr, AssignmentKeepsCounts) {
     Ptr<Counted>& self = a;
     a = self;
     a = b;
-    EXPECT_EQ(a.useCount(), 2U);
     a = std::move(self);
     EXPECT_EQ(a.useCount(), 2U);
 
@@ -92,26 +80,20 @@ TEST(Ptr, AssignmentKeepsCounts) {
     b = c;
     EXPECT_EQ(a.useCount(), 1U);
     EXPECT_EQ(c.useCount(), 2U);
-    EXPECT_EQ(Counted::alive, 2);
     a = std::move(b);
     EXPECT_TRUE(b.isNull());
     EXPECT_EQ(c.useCount(), 2U);
     EXPECT_EQ(Counted::alive, 1);
     a.swap(b);
     EXPECT_TRUE(a.isNull());
-    EXPECT_EQ(b.get(), c.get());
     b = a;
     c = nullptr;
     EXPECT_EQ(Counted::alive, 0);
 }
 
-struct Link : Counted {
-    Ptr<Link> next;
-};
-
 TEST(Ptr, AssignmentFromInsideTheObjectThatItEnds) {
-    Ptr<Link> head(new Link);
-    head->next = Ptr<Link>(new Link);
+    Ptr<Counted> head(new Counted);
+    head->next = Ptr<Counted>(new Counted);
     head = head->next;
     EXPECT_EQ(Counted::alive, 1);
     EXPECT_EQ(head.useCount(), 1U);
@@ -124,37 +106,31 @@ TEST(Ptr, HandleWithoutObjectOrBlockIsNull) {
     Ptr<Counted> const bare(&object, nullptr);
     EXPECT_TRUE(bare.isNull());
     EXPECT_EQ(bare.useCount(), 0U);
-    Ptr<Counted> const copy(bare);
-    EXPECT_EQ(copy.get(), nullptr);
+    EXPECT_EQ(Ptr<Counted>(bare).get(), nullptr);
 
     calls = 0;
     auto* const block = new PtrRefCount("here", &countCall);
     {
         Ptr<Counted> empty(nullptr, block);
         EXPECT_TRUE(empty.isNull());
-        Ptr<Counted const> const shared(empty);
-        EXPECT_EQ(blockOf(shared), nullptr);
+        EXPECT_EQ(blockOf(Ptr<Counted const>(empty)), nullptr);
         Ptr<Counted> target(new Counted);
         target = empty;
         EXPECT_EQ(blockOf(target), nullptr);
         EXPECT_EQ(Counted::alive, 1);
         EXPECT_EQ(block->count(), 1U);
-        EXPECT_EQ(calls, 0);
         empty = bare;
         EXPECT_EQ(calls, 1) << "assignment releases a block without an object, too";
     }
     EXPECT_EQ(calls, 1);
 }
 
-TEST(Ptr, BlocksNameTheirModule) {
-    EXPECT_STREQ(blockOf(Ptr<Counted>(new Counted))->location(), "qxclient");
-    EXPECT_STREQ(blockOf(Table().clone())->location(), "qxdll");
-    EXPECT_STREQ(blockOf(nested(Cell(Ptr<Table>())))->location(), "qxdll");
-}
-
-TEST(Ptr, DeletersRefuseASharedObject) {
+TEST(Ptr, BlocksNameTheirModuleAndRefuseASharedObject) {
     Ptr<Counted> const own(new Counted);
     Ptr<Table> const theirs = Table("t").clone();
+    EXPECT_STREQ(blockOf(own)->location(), "qxclient");
+    EXPECT_STREQ(blockOf(theirs)->location(), "qxdll");
+    EXPECT_STREQ(blockOf(nested(Cell(Ptr<Table>())))->location(), "qxdll");
     EXPECT_EQ(failureOf([&] { blockOf(own)->remove(own.get()); }), "Reference Count non zero");
     EXPECT_EQ(failureOf([&] { blockOf(theirs)->remove(theirs.get()); }), "Reference Count non zero");
     EXPECT_EQ(Counted::alive, 1);
@@ -185,20 +161,15 @@ TEST(PtrRefCount, ReleaseFreesWithoutDestroying) {
     EXPECT_TRUE(block->decrement());
     EXPECT_TRUE(block->canDelete());
     EXPECT_EQ(failureOf([&] { PtrRefCount::release(block, object); }), "");
-    EXPECT_EQ(Counted::alive, 1);
-    Counted::alive = 0;
+    EXPECT_EQ(std::exchange(Counted::alive, 0), 1);
 }
 
 TEST(PtrRefCount, ReleaseLooksAtTheModuleFirst) {
     for (char const* const tag : {"qxdl", "qxdll2", "QXDLL", "qxclient", ""}) {
-        SCOPED_TRACE(tag);
         PtrRefCount block(tag, &PtrRefCount::release);
         EXPECT_EQ(failureOf([&] { PtrRefCount::release(&block, nullptr); }),
-                  "Deletion across dll boundary");
-        block.decrement();
-        EXPECT_EQ(failureOf([&] { PtrRefCount::release(&block, nullptr); }),
-                  "Deletion across dll boundary");
-        EXPECT_STREQ(block.location(), tag);
+                  "Deletion across dll boundary")
+            << tag;
     }
 }
 
