@@ -4,7 +4,6 @@
 #include "cell/cellnumeric.h"
 #include "cell/cellstring.h"
 #include "cell/celltable.h"
-#include "table/src/tableimpl.h"
 
 namespace QX {
 namespace {
@@ -36,19 +35,6 @@ TEST(CellBody, IsSharedByEveryCellThatHoldsIt) {
     EXPECT_EQ(body.useCount(), 4U) << "a deep copy shares what never changes";
     t->at(2, 2, Cell());
     EXPECT_EQ(body.useCount(), 3U);
-}
-
-TEST(TableBody, AddsAndFindsIndices) {
-    TableImplementation body("t");
-    EXPECT_EQ(body.findIndex(Cell("A")), TableImplementation::npos);
-    EXPECT_EQ(body.addIndex("A"), 0U);
-    EXPECT_EQ(body.addIndex("2"), 1U);
-    EXPECT_EQ(body.addIndex("A"), 2U);
-    EXPECT_EQ(body.findIndex(Cell("A")), 0U);
-    EXPECT_EQ(body.findIndex(Cell(2)), 1U);
-    EXPECT_EQ(body.findIndex(Cell("2 ")), TableImplementation::npos);
-    EXPECT_EQ(body.indices(), 3U);
-    EXPECT_EQ(body.items(), 1U);
 }
 
 } // namespace
