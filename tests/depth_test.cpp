@@ -1,4 +1,4 @@
-#include "support.h"
+#include "brief.h"
 
 namespace QX {
 namespace {
@@ -7,10 +7,10 @@ namespace {
 constexpr int levels = 500'000;
 
 TEST(Depth, ChainsOfTablesAreBuiltCheckedReadAndReleased) {
-    Ptr<Table> chain = table("innermost", {{"a", 7}});
+    Ptr<Table> chain = brief("a 7");
     std::string path;
     for (int i = 0; i < levels; ++i) {
-        Ptr<Table> const outer = table("outer");
+        Ptr<Table> const outer = brief("");
         outer->at("a", 1) = Cell(chain);
         chain = outer;
         path += "a/";

@@ -1,5 +1,5 @@
+#include "brief.h"
 #include "module/plugin.h"
-#include "support.h"
 
 #include <stdexcept>
 
@@ -63,9 +63,11 @@ TEST(Module, OverridesWhatTheLibraryCalls) {
     EXPECT_STREQ(moniker->create("it").get(), "<it>");
     EXPECT_STREQ(moniker->moniker().get(), "<it>");
     EXPECT_EQ(printed(Cell(plugin::makeTable())), "table of the plugin -1\n");
-    EXPECT_EQ(shown(*table("outer", {{"A", plugin::makeTable(), plugin::makeTable()}})),
-              "table of the plugin 0\ntable of the plugin 1\n"
-              "Table - outer\nIndex 0 <A> `Table 0' `Table 1' \n");
+    Ptr<Table> const outer = brief("A", "outer");
+    outer->at(0, 1) = Cell(plugin::makeTable());
+    outer->at(0, 2) = Cell(plugin::makeTable());
+    EXPECT_EQ(shown(*outer), "table of the plugin 0\ntable of the plugin 1\n"
+                             "Table - outer\nIndex 0 <A> `Table 0' `Table 1' \n");
 }
 
 TEST(Module, ExchangesCellsOfEachKind) {
@@ -80,8 +82,7 @@ TEST(Module, ExchangesCellsOfEachKind) {
         {Cell::ErrorCell, "#Err: lost"},
         {Cell::TableCell, "<Cell translation to string not supported for this type>"},
     };
-    Ptr<Table> const ours =
-        table("ours", {{"values", Cell(), "text", 12.5, Status("lost", Status::Error, -1), table("t")}});
+    Ptr<Table> const ours = brief("values - text 12.5 !lost {t }");
     Ptr<Table const> const theirs = plugin::makeValues();
     std::size_t item = 0;
     for (Value const& value : values) {

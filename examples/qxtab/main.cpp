@@ -167,7 +167,8 @@ int main(std::vector<std::string> const& arguments) {
     }
     app.allow_extras(); // check() tells a mistyped command by its name
     try {
-        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend())); // as the parser wants them
+        app.parse(
+            std::vector<std::string>(arguments.rbegin(), arguments.rend())); // as the parser wants them
         check(app, options, chosen);
     } catch (CLI::ParseError const& e) {
         if (e.get_exit_code() == 0) {

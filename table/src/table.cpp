@@ -29,8 +29,7 @@ Table::Table() : Table(Str()) {
 Table::Table(Str const& name) : Table(makeBody(name)) {
 }
 
-Table::Table(Ptr<TableImplementation> const& body)
-    : data_(body), attributes_(makeBody(Str())) {
+Table::Table(Ptr<TableImplementation> const& body) : data_(body), attributes_(makeBody(Str())) {
 }
 
 Table::Table(Table const& other) = default;
