@@ -74,7 +74,7 @@ ExcludedTexts::ExcludedTexts(TableImplementation const& conditions, std::size_t 
 
 bool ExcludedTexts::passes(Cell const& cell) const {
     std::string const text = textOf(cell);
-    return (keepEmpty_ || !text.empty()) && texts_.count(text) == 0;
+    return (keepEmpty_ || !text.empty()) && !texts_.contains(text);
 }
 
 } // namespace QX
