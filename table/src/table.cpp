@@ -9,6 +9,11 @@ namespace QX {
 
 namespace {
 
+#if defined(_WIN32)
+// A DLL exports an inline variable of a class only if it uses its address, as callers may.
+[[gnu::used]] std::size_t const* const exportedNpos = &Table::npos;
+#endif
+
 /// Writes to the data body, making one where there is none; a write that fails leaves none behind.
 template <typename Write>
 Cell& writeTo(Ptr<TableImplementation>& data, Write const& write) {
