@@ -59,10 +59,10 @@ AnalyticDouble readDecimal(std::string_view text) {
     if (read.ec == std::errc::invalid_argument || read.ptr != end) {
         return AnalyticDouble();
     }
-    if (std::isinf(value) || (read.ec == std::errc::result_out_of_range && isHuge(text))) {
-        return AnalyticDouble();
-    }
     if (read.ec == std::errc::result_out_of_range) {
+        if (isHuge(text)) {
+            return AnalyticDouble();
+        }
         value = 0;
     }
     return validNumber(negative ? -value : value);

@@ -59,8 +59,8 @@ public:
     Cell(Ptr<CellImplementation> const& body) noexcept : body_(body) {}
     /// Makes the kind of cell that `text` reads as, the first of these that fits:
     ///
-    /// - a number in decimal: optional white space, sign, digits with or without a point, exponent ("
-    ///   -12.5e3"), with nothing behind it; never hexadecimal, "inf" or "nan", and the same in every
+    /// - a number in decimal: optional white space, sign, digits with or without a point, and exponent, as
+    ///   in " -12.5e3", with nothing behind it; never hexadecimal, "inf" or "nan", and the same in every
     ///   locale. A number too small for a double is 0, one too large is no number;
     /// - a number in exact form: "##", any one character, then the low and the high 32 bits of the
     ///   double as two signed decimal ints ("## 0 1076428800" is 12.5); it is what operator<< writes;
