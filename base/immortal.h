@@ -9,7 +9,7 @@ namespace QX {
 template <typename T>
 union Immortal {
     template <typename... Args>
-    explicit Immortal(Args&&... args) : object(std::forward<Args>(args)...) {}
+    constexpr explicit Immortal(Args&&... args) : object(std::forward<Args>(args)...) {}
     ~Immortal() {}
     Immortal(Immortal const&) = delete;
     Immortal& operator=(Immortal const&) = delete;

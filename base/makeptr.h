@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/pool.h"
 #include "qx/ptr.h"
 
 #include <utility>
@@ -9,7 +10,7 @@ namespace QX {
 /// A count block and its object in one allocation, so that a handle's two pointers lead to the same
 /// place.
 template <typename T>
-struct Counted final : PtrRefCount {
+struct Counted final : PtrRefCount, Pooled {
     template <typename... Args>
     explicit Counted(Deleter deleter, Args&&... args)
         : PtrRefCount(QX_MODULE_TAG, deleter), object(std::forward<Args>(args)...) {}

@@ -17,6 +17,8 @@ namespace QX {
 
 namespace {
 
+constinit Immortal<CellEmpty> const emptyBody;
+
 /// True for "#Err: " or "#Critical: " in any letter case, whatever follows.
 bool isErrorText(Str const& text) {
     return Str("#Err: ").comparePrefix(text, true, 1) == 0 ||
@@ -59,8 +61,8 @@ Cell::Cell(Ptr<Table const> const& table) : body_(makePtr<CellTable>(table)) {
 }
 
 CellImplementation const& Cell::body() const {
-    static Immortal<CellEmpty> const empty;
-    return body_ ? static_cast<CellImplementation const&>(*body_) : empty.object;
+    CellImplementation const* const held = body_.get();
+    return held != nullptr ? *held : emptyBody.object;
 }
 
 Cell::CellType Cell::isA() const {

@@ -1,3 +1,4 @@
+#include "base/pool.h"
 #include "table/src/tableimpl.h"
 
 namespace QX {
@@ -5,7 +6,7 @@ namespace QX {
 namespace {
 
 /// A count block with its table body, and a link to the next of those that wait to be deleted.
-struct CountedBody final : PtrRefCount {
+struct CountedBody final : PtrRefCount, Pooled {
     CountedBody(Deleter deleter, Str const& name) : PtrRefCount(QX_MODULE_TAG, deleter), body(name) {}
 
     TableImplementation body;

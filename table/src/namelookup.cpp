@@ -1,5 +1,6 @@
 #include "table/src/namelookup.h"
 
+#include "base/fastpaths.h"
 #include "cell/cellkeys.h"
 
 #include <algorithm>
@@ -8,7 +9,7 @@ namespace QX {
 
 std::size_t NameLookup::find(Cell const& name) {
     constexpr std::size_t few = 16; // so many are compared sooner than filed
-    if (table_.indices() <= few) {
+    if (!fastPaths || table_.indices() <= few) {
         return table_.findIndex(name);
     }
     while (filed_ < table_.indices()) {

@@ -1,5 +1,6 @@
 #include "table/src/rowdistinct.h"
 
+#include "base/fastpaths.h"
 #include "base/hash.h"
 #include "cell/cellvalue.h"
 #include "table/src/rowset.h"
@@ -124,6 +125,9 @@ Rows distinctWithin(TableImplementation const& table, std::vector<Hash> const& h
 } // namespace
 
 Rows distinctRows(TableImplementation const& table) {
+    if (!fastPaths) {
+        return distinctByComparing(table);
+    }
     std::size_t const height = table.items();
     std::vector<Hash> hashes(height);
     for (std::size_t i = 0; i < table.indices(); ++i) {

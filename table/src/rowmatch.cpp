@@ -1,5 +1,6 @@
 #include "table/src/rowmatch.h"
 
+#include "base/fastpaths.h"
 #include "base/strview.h"
 #include "cell/cellkeys.h"
 
@@ -20,7 +21,8 @@ std::string textOf(Cell const& cell) {
 
 Rows rowsOfValues(Column const& column, Column const& values) {
     constexpr std::size_t few = 4; // so many values are compared sooner than looked up
-    return values.items() <= few + 1 ? rowsByComparing(column, values) : rowsByKeys(column, values);
+    bool const plain = !fastPaths || values.items() <= few + 1;
+    return plain ? rowsByComparing(column, values) : rowsByKeys(column, values);
 }
 
 Rows rowsByComparing(Column const& column, Column const& values) {

@@ -1,5 +1,6 @@
 #include "table/src/roworder.h"
 
+#include "base/fastpaths.h"
 #include "cell/cellvalue.h"
 #include "cell/numbertext.h"
 #include "table/src/rowmatch.h"
@@ -160,8 +161,12 @@ struct Split {
 } // namespace
 
 Rows ordered(Column const& column, Rows const& rows, bool ascending) {
-    std::optional<Rows> sorted = orderedBySorting(column, rows, ascending);
-    return sorted ? std::move(*sorted) : grouped(column, rows, ascending, rowsOfValues);
+    if (fastPaths) {
+        if (std::optional<Rows> sorted = orderedBySorting(column, rows, ascending)) {
+            return std::move(*sorted);
+        }
+    }
+    return grouped(column, rows, ascending, rowsOfValues);
 }
 
 Rows orderedByComparing(Column const& column, Rows const& rows, bool ascending) {

@@ -1,0 +1,97 @@
+#include "base/makeptr.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstddef>
+#include <random>
+#include <thread>
+#include <vector>
+
+namespace QX {
+namespace {
+
+/// An object that knows whether anything has written over it.
+template <std::size_t words>
+struct Marked {
+    explicit Marked(std::size_t mark) { marks.fill(mark); }
+    bool intact() const {
+        for (std::size_t const each : marks) {
+            if (each != marks.front()) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    std::array<std::size_t, words> marks;
+};
+
+template <std::size_t words>
+using Handles = std::vector<Ptr<Marked<words>>>;
+
+template <std::size_t words>
+void add(Handles<words>& handles, std::size_t count) {
+    for (std::size_t k = 0; k < count; ++k) {
+        handles.push_back(makePtr<Marked<words>>(handles.size()));
+    }
+}
+
+/// The number of objects that are not as they were made, which none should be.
+template <std::size_t words>
+std::size_t spoilt(Handles<words> const& handles) {
+    std::size_t count = 0;
+    for (std::size_t k = 0; k < handles.size(); ++k) {
+        count += handles[k] && !(handles[k]->intact() && handles[k]->marks[0] == k) ? 1 : 0;
+    }
+    return count;
+}
+
+/// Releases and makes anew objects of several slabs in a random order, here and by threads that end.
+template <std::size_t words>
+void churn() {
+    SCOPED_TRACE(words);
+    constexpr std::size_t count = 60'000;
+    Handles<words> handles;
+    std::thread([&] { add(handles, count / 2); }).join(); // whose storage nobody owns from now on
+    add(handles, count / 2);
+    std::mt19937 random(words);
+    auto const renew = [&](std::size_t rounds) {
+        for (std::size_t k = 0; k < rounds; ++k) {
+            std::size_t const place = random() % count;
+            handles[place] = random() % 2 == 0 ? nullptr : makePtr<Marked<words>>(place);
+        }
+    };
+    for (int round = 0; round < 3; ++round) {
+        renew(count);
+        std::thread(renew, count).join();
+        EXPECT_EQ(spoilt(handles), 0U);
+    }
+    std::thread([&] { handles.clear(); }).join();
+    add(handles, count);
+    EXPECT_EQ(spoilt(handles), 0U);
+}
+
+TEST(Pool, KeepsObjectsApartWhicheverThreadMakesAndReleasesThem) {
+    churn<1>();
+    churn<3>();
+    churn<13>();
+    churn<14>(); // too large for the pool
+}
+
+TEST(Pool, TakesBackWhatOtherThreadsRelease) {
+    Handles<2> made;
+    Handles<2> taken;
+    for (int round = 0; round < 20; ++round) {
+        add(made, 10'000);
+        made.swap(taken);
+        std::thread releasing([&] { taken.clear(); });
+        add(made, 10'000); // while the other thread gives back
+        releasing.join();
+        EXPECT_EQ(spoilt(made), 0U);
+        made.clear();
+    }
+}
+
+} // namespace
+} // namespace QX
