@@ -23,6 +23,7 @@ void appendDisplayText(std::string& text, Cell const& cell) {
     } else {
         std::ostringstream stream;
         stream.imbue(std::locale::classic());
+        stream.exceptions(std::ios::badbit); // a text cut short for want of memory would equal others
         stream.precision(digits);
         stream << cell;
         text += stream.str();

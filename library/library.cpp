@@ -7,6 +7,14 @@ namespace QX {
 LibraryBase::LibraryBase(int number) : interfaces_{number} {
 }
 
+LibraryBase& LibraryBase::operator=(LibraryBase const& other) {
+    std::set<int> interfaces(other.interfaces_); // first: nothing has changed when memory runs out
+    name_ = other.name_;
+    version_ = other.version_;
+    interfaces_.swap(interfaces);
+    return *this;
+}
+
 LibraryBase::~LibraryBase() = default;
 
 void LibraryBase::name(Str const& text) {

@@ -1,8 +1,17 @@
 #include "qx/library.h"
 
+#include <utility>
+
 namespace QX {
 
 Moniker::Moniker(Str const& name) : name_(name) {
+}
+
+Moniker& Moniker::operator=(Moniker const& other) {
+    Str text(other.moniker_); // first: nothing has changed when memory runs out
+    name_ = other.name_;
+    moniker_ = std::move(text);
+    return *this;
 }
 
 Moniker::~Moniker() = default;

@@ -7,11 +7,16 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace QX {
 
 namespace {
+
+constexpr std::string_view line =
+    "========================================================================================";
+static_assert(line.size() == 88);
 
 std::unique_ptr<std::ostream> openFile(Str const& fileName) {
     auto file = std::make_unique<std::ofstream>();
@@ -22,6 +27,18 @@ std::unique_ptr<std::ostream> openFile(Str const& fileName) {
         file->setstate(std::ios::failbit); // the system would replace the file of the name's first part
     }
     return file;
+}
+
+/// Writes what ends its own line. A line that is cut short, for want of memory, is ended all the same: the
+/// next message begins on a line of its own.
+template <typename Write>
+void endingLine(std::ostream& stream, Write const& write) {
+    try {
+        write();
+    } catch (...) {
+        stream << std::endl;
+        throw;
+    }
 }
 
 } // namespace
@@ -67,8 +84,9 @@ Log::LogLevel Log::setLevel(LogLevel newLevel) {
     if (newLevel == level_) {
         return level_;
     }
+    Str const text = Str("Changing Log level to ") + Str::asString(int(newLevel));
     banner();
-    send(Str("Changing Log level to ") + Str::asString(int(newLevel)), level_);
+    send(text, level_);
     LogLevel const former = std::exchange(level_, newLevel);
     banner();
     return former;
@@ -96,25 +114,26 @@ void Log::send(Str const& text, LogLevel level) {
 
 void Log::send(Report const& report, LogLevel level) {
     if (prefix(level)) {
-        report.display(*stream_);
+        endingLine(*stream_, [&] { report.display(*stream_); });
     }
 }
 
 void Log::send(Except const& e, LogLevel level) {
     if (prefix(level)) {
-        *stream_ << e;
+        endingLine(*stream_, [&] { *stream_ << e; });
     }
 }
 
 void Log::banner() {
     if (stream_ != nullptr) {
-        *stream_ << std::string(88, '=') << std::endl;
+        *stream_ << line << std::endl;
     }
 }
 
 void Log::report() {
+    Str const text = Str("Output Stream ") + name_ + " at level " + Str::asString(int(level_));
     banner();
-    send(Str("Output Stream ") + name_ + " at level " + Str::asString(int(level_)), Always);
+    send(text, Always);
     banner();
 }
 
@@ -124,15 +143,17 @@ bool Log::prefix(LogLevel level) {
     }
     DateTime now;
     now.now();
+    Str text; // put together first, so that no part of it is written when memory runs out
     if (dateDisplay_) {
-        *stream_ << now.getDate("dd:mmm:yyyy") << ' ';
+        text += now.getDate("dd:mmm:yyyy") + " ";
     }
     if (timeDisplay_) {
-        *stream_ << now.getTime("hh:mm:ss") << ' ';
+        text += now.getTime("hh:mm:ss") + " ";
     }
     if (level > Always) {
-        *stream_ << name_ << "-Level " << Str::asString(int(level)) << ": ";
+        text += name_ + "-Level " + Str::asString(int(level)) + ": ";
     }
+    *stream_ << text;
     return true;
 }
 

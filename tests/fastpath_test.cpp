@@ -132,7 +132,7 @@ TEST(FastPath, FindsNames) {
     for (int round = 0; round < 400; ++round) {
         Cells const pool = make.pool(false);
         Ptr<Table> const t = make.table(pool, make.below(30), 2);
-        Ptr<TableImplementation> const body = TableImplementation::writable(*t);
+        Ptr<TableImplementation> const body = TableImplementation::dataOf(*t);
         NameLookup lookup(*body);
         for (int step = 0; step < 60; ++step) {
             Cell const& name = pool[make.below(pool.size())];

@@ -1,6 +1,5 @@
 #include "brief.h"
 
-#include <functional>
 #include <limits>
 
 namespace QX {
@@ -141,23 +140,6 @@ TEST(Table, NamesMatchAsCells) {
     t->at(9, 1) = Cell("empty");
     EXPECT_EQ(brief(t->get("[Empty]", 1)), "empty");
     EXPECT_EQ(brief(t->get("", 1)), "empty");
-}
-
-TEST(Table, PositionsBeyondMemoryLeaveItUnchanged) {
-    std::function<void(Table&)> const accesses[] = {
-        [](Table& t) { t.at(npos - 1, 0); },          [](Table& t) { t.at(0, npos - 1); },
-        [](Table& t) { t.at(5, npos - 1); },          [](Table& t) { t.at(npos, npos - 1); },
-        [](Table& t) { t.at("A", npos - 1); },        [](Table& t) { t.at("C", npos - 1); },
-        [](Table& t) { t.at(npos - 1, 0, Cell(1)); }, [](Table& t) { t.at(-2, 0, Cell(1)); },
-        [](Table& t) { t.at(5, npos - 1, Cell(1)); }, [](Table& t) { t.at("C", npos - 1, Cell(1)); }};
-    for (auto const& access : accesses) {
-        Ptr<Table> const t = brief(sample);
-        Table without = bodiless();
-        EXPECT_THROW(access(*t), std::exception);
-        EXPECT_EQ(brief(*t), sample);
-        EXPECT_THROW(access(without), std::exception);
-        EXPECT_EQ(shown(without), "Null table\n");
-    }
 }
 
 struct Inside : Table {

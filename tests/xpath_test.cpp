@@ -107,17 +107,6 @@ TEST(TableAtXPath, WritesThroughThePath) {
     )");
 }
 
-TEST(TableAtXPath, KeepsTheTableWhenThereIsNoMemory) {
-    for (char const* path :
-         {"A[9223372036854775807]", "B[18446744073709551614]", "A[1]/X[4611686018427387904]"}) {
-        SCOPED_TRACE(path);
-        Ptr<Table> const t = brief("A {n X 1 }");
-        EXPECT_THROW(t->atXPath(path, true), std::exception);
-        EXPECT_EQ(brief(*t), "A {n X 1 }");
-        EXPECT_EQ(brief(t->atXPath(path, Cell())), "-");
-    }
-}
-
 TEST(TableAtXPath, MakesADataBody) {
     Table t{Ptr<TableImplementation>()};
     EXPECT_NE(raised([&] { t.atXPath("A/B", false); }), "");

@@ -37,7 +37,8 @@ class Table;
 /// where "-" is the failure "Cell translation to X not supported for this type", X being date, const
 /// table, table, status, string, bool, integer, AnalyticDouble or double.
 ///
-/// A cell and all cells that share its body belong to one thread at a time.
+/// When memory runs out, std::bad_alloc is raised and every cell is left as it was. A cell and all cells
+/// that share its body belong to one thread at a time.
 class QX_API Cell {
 public:
     /// The kinds of cells.

@@ -17,7 +17,7 @@ public:
     /// Copies name, version and interfaces.
     LibraryBase(LibraryBase const& other) = default;
     /// Copies name, version and interfaces, which replace those of this description.
-    LibraryBase& operator=(LibraryBase const& other) = default;
+    LibraryBase& operator=(LibraryBase const& other);
     virtual ~LibraryBase();
 
     /// Sets the name.
@@ -53,7 +53,7 @@ public:
     /// Copies both texts.
     Moniker(Moniker const& other) = default;
     /// Copies both texts.
-    Moniker& operator=(Moniker const& other) = default;
+    Moniker& operator=(Moniker const& other);
     virtual ~Moniker();
 
     /// Sets the name and returns what name() then gives, as a derived class has it.

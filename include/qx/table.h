@@ -38,7 +38,9 @@ class TableImplementation;
 /// `item0.compare(name, false)`. The first index that matches wins. So "2" finds an index named by the
 /// number 2, and also one named by its neighbouring double.
 ///
-/// A table and all tables and cells that share its bodies belong to one thread at a time.
+/// When memory runs out, std::bad_alloc is raised and tables are left as they were; `result` may then hold
+/// a part of what was to come. A table and all tables and cells that share its bodies belong to one thread
+/// at a time; threads that share none don't disturb each other.
 class QX_API Table {
 public:
     /// The position that means "append" or "nowhere".
@@ -88,8 +90,7 @@ public:
     /// their length. i = npos adds an index (and j = npos is then its item 0); j = npos adds an item to
     /// index i. The reference is valid until the table grows or its body goes.
     ///
-    /// Raises std::length_error or std::bad_alloc for a position beyond any memory; the table is then as
-    /// it was.
+    /// Raises std::length_error or std::bad_alloc for a position beyond any memory; nothing changes then.
     Cell& at(std::size_t i, std::size_t j);
     /// The cell at item j of the index with this name, to read or assign; the table grows to reach it.
     ///
@@ -104,8 +105,7 @@ public:
     Cell& at(std::size_t i, std::size_t j, Cell const& cell);
     /// Stores `cell` at item j of the index with this name, adding such an index when there is none.
     ///
-    /// With j = npos the index is still added, but nothing else is stored and the shared empty cell is
-    /// returned.
+    /// With j = npos the index is still added, but nothing is stored: returns the shared empty cell.
     Cell& at(Str const& name, std::size_t j, Cell const& cell);
     /// Same as the form for Str.
     Cell& at(char const* name, std::size_t j, Cell const& cell);
@@ -186,10 +186,10 @@ public:
     /// as needed, but no table is put in place of another value.
     ///
     /// Returns a reference into the addressed table, valid until that grows. Raises Except "No value at
-    /// specified xpath 'PATH'" when the steps before the last reach no table first, the last step's
-    /// number cannot be read, or the value lies beyond the table's item count without `create`. Raises
-    /// std::length_error or std::bad_alloc for an item beyond any memory; what earlier steps made
-    /// remains.
+    /// specified xpath 'PATH'" when the steps before the last, whose work remains, reach no table first,
+    /// the last step's number cannot be read, or the value lies beyond the table's item count without
+    /// `create`. Raises std::length_error or std::bad_alloc for an item beyond any memory; all that the
+    /// steps made is then gone again.
     Cell& atXPath(Str const& path, bool create, char separator = '/');
 
     /// Keeps `value`, sharing its body, at a path with separator '/' in this table's attributes, which

@@ -59,13 +59,6 @@ TableImplementation const& TableImplementation::of(Table const& table) {
     return table.body();
 }
 
-Ptr<TableImplementation> TableImplementation::writable(Table& table) {
-    if (!table.data_) {
-        table.data_ = makeBody(Str());
-    }
-    return table.data_;
-}
-
 TableImplementation const& TableImplementation::required(Ptr<Table const> const& operand,
                                                          char const* complaint) {
     if (!operand) {

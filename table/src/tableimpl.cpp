@@ -103,6 +103,14 @@ TableImplementation::Index& TableImplementation::addSized(Cell const& name, std:
     return indices_.back();
 }
 
+void TableImplementation::cut(std::size_t i, std::size_t length) {
+    if (length == npos) {
+        indices_.resize(i);
+    } else {
+        indices_[i].resize(length);
+    }
+}
+
 void TableImplementation::addFilled(Cell const& name, std::vector<Cell>&& items) {
     items.insert(items.begin(), name);
     indices_.push_back(std::move(items));

@@ -58,6 +58,9 @@ public:
     std::size_t addIndex(Str const& name);
     /// Adds an index of so many items, at least one, the first of them `name`.
     Index& addSized(Cell const& name, std::size_t items);
+    /// Takes items from the end of index i until it has `length` of them, or with npos takes the indices from
+    /// i on.
+    void cut(std::size_t i, std::size_t length);
     /// Adds an index of a name and further items.
     void addFilled(Cell const& name, std::vector<Cell>&& items);
 
@@ -92,8 +95,8 @@ public:
     static TableImplementation const& of(Table const& table);
     /// The data body of a table, shared; a new one that the table does not get when it has none.
     static Ptr<TableImplementation> held(Table const& table) { return table.heldBody(); }
-    /// The data body of a table to be written to, made where it has none.
-    static Ptr<TableImplementation> writable(Table& table);
+    /// The handle of a table to its data body.
+    static Ptr<TableImplementation>& dataOf(Table& table) { return table.data_; }
     /// The data body of an operand; raises when the handle is null.
     static TableImplementation const& required(Ptr<Table const> const& operand,
                                                char const* complaint = "No operand table provided");

@@ -1,4 +1,6 @@
 #include "base/strview.h"
+#include "qx/except.h"
+#include "table/src/growth.h"
 #include "table/src/pathstep.h"
 #include "table/src/raise.h"
 #include "table/src/tableimpl.h"
@@ -12,13 +14,13 @@ namespace QX {
 
 namespace {
 
-using Body = Ptr<TableImplementation>;
+using Body = Growth::Body;
 
 /// Follows a path from one table: each step is applied to every table that the step before has reached.
 class Walk {
 public:
-    /// With `create` a step makes the indices and items that it lacks.
-    Walk(Body const& root, bool create) : root_(root), create_(create) {}
+    /// With `growth` a step makes the indices and items that it lacks.
+    explicit Walk(Body const& root, Growth* growth = nullptr) : root_(root), growth_(growth) {}
 
     /// Takes the steps of `path`, without the last if that is left to the caller. Stops at a step without
     /// a name or with a number that cannot be read.
@@ -42,12 +44,12 @@ public:
 
     /// The first cell that was reached, as a table to write to; null when it is none. Before the first
     /// step it is the table that the walk began with.
-    Body firstTable() const {
+    Body firstTable(Growth& growth) const {
         if (!begun()) {
             return root_;
         }
         Ptr<Table> const table = values_.empty() ? Ptr<Table>() : tableOf(values_.front());
-        return table ? TableImplementation::writable(*table) : Body();
+        return table ? growth.bodyOf(table) : Body();
     }
 
 private:
@@ -60,9 +62,9 @@ private:
         name_ = step.name;
         for (Cell const& cell : reached) {
             if (Ptr<Table> const table = tableOf(cell)) {
-                takeFrom(create_ ? TableImplementation::writable(*table)
-                                 : TableImplementation::held(*table),
-                         step, name);
+                Body const body =
+                    growth_ == nullptr ? TableImplementation::held(*table) : growth_->bodyOf(table);
+                takeFrom(body, step, name);
             }
         }
     }
@@ -70,28 +72,29 @@ private:
     /// Takes one item of the named index or, for a step without a number, every item but the name, as many
     /// as the table's longest index has.
     void takeFrom(Body const& table, PathStep const& step, Cell const& name) {
-        std::size_t const index = create_ ? indexMade(*table, step, name) : table->findIndex(name);
+        std::size_t const index =
+            growth_ == nullptr ? table->findIndex(name) : indexMade(table, step, name);
         bool const all = step.item == Table::npos;
         std::size_t const end = all ? table->items() : step.item + 1;
         for (std::size_t k = all ? 1 : step.item; k < end; ++k) {
-            values_.push_back(create_ ? table->at(index, k) : table->get(index, k));
+            values_.push_back(growth_ == nullptr ? table->get(index, k) : growth_->at(table, index, k));
         }
     }
 
     /// The named index, added with a new table in item 1 where there is none.
-    static std::size_t indexMade(TableImplementation& table, PathStep const& step, Cell const& name) {
-        std::size_t const index = table.findIndex(name);
+    std::size_t indexMade(Body const& table, PathStep const& step, Cell const& name) const {
+        std::size_t const index = table->findIndex(name);
         if (index != Table::npos) {
             return index;
         }
         Cell const nested(makePtr<Table>(toStr(step.name)));
         std::size_t const item = step.item == Table::npos ? 1 : step.item;
-        table.addSized(name, std::max<std::size_t>(item, 1) + 1)[1] = nested;
-        return table.indices() - 1;
+        growth_->addSized(table, name, std::max<std::size_t>(item, 1) + 1)[1] = nested;
+        return table->indices() - 1;
     }
 
     Body root_;
-    bool create_;
+    Growth* growth_;
     std::string_view name_;
     std::vector<Cell> values_;
 };
@@ -106,7 +109,7 @@ Ptr<Table> pathBase(Body const& addressed) {
 } // namespace
 
 Status Table::XPath(Str const& path, Ptr<Table>& result, char separator) const {
-    Walk walk(heldBody(), false);
+    Walk walk(heldBody());
     walk.follow(viewOf(path), separator, false);
     Ptr<Table> reached = pathBase(data_);
     if (walk.begun()) {
@@ -118,7 +121,7 @@ Status Table::XPath(Str const& path, Ptr<Table>& result, char separator) const {
 }
 
 Cell Table::atXPath(Str const& path, Cell const& /*defaultValue*/, char separator) const {
-    Walk walk(heldBody(), false);
+    Walk walk(heldBody());
     walk.follow(viewOf(path), separator, false);
     if (!walk.begun()) {
         return pathBase(data_)->get(0, 1);
@@ -128,18 +131,28 @@ Cell Table::atXPath(Str const& path, Cell const& /*defaultValue*/, char separato
 
 Cell& Table::atXPath(Str const& path, bool create, char separator) {
     Ptr<TableImplementation> const root = heldBody();
-    Walk walk(root, create);
+    Growth growth;
+    Walk walk(root, create ? &growth : nullptr);
     walk.follow(viewOf(path), separator, true);
     std::string_view rest = viewOf(path);
     rest.remove_prefix(rest.rfind(separator) + 1); // npos + 1 is 0: the whole path
     PathStep const last = takeStep(rest, separator);
-    Ptr<TableImplementation> const table = walk.firstTable();
+    Ptr<TableImplementation> const table = walk.firstTable(growth);
     std::size_t const item = last.item == npos ? 1 : last.item;
     if (!table || !last.readable || (!create && item >= table->items())) {
         Status failure("No value at specified xpath '", Status::Error, -1);
-        raise(failure << path << "'");
+        failure << path << "'";
+        try {
+            raise(failure);
+        } catch (Except const&) {
+            if (create) {
+                growth.keep(); // the steps before the last have been taken; only the value is missing
+            }
+            throw;
+        }
     }
     Cell& cell = table->at(toStr(last.name), item);
+    growth.keep();
     data_ = root;
     return cell;
 }
