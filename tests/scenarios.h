@@ -299,7 +299,7 @@ inline std::vector<Scenario> scenarios() {
          {"rate[2]", "one_step/two_steps/three_steps", "one_step/refused[2]/last", "sub/X[4]",
           "sub/void/new[3]/last", "void/a/b", "rate/refused"}) {
         std::string const title = std::string(path) + " by path";
-        auto const refusable = [path](Objects& o, auto const& call) {
+        auto const refusable = [](Objects& o, auto const& call) {
             try {
                 call();
             } catch (Except const&) {
