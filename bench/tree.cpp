@@ -1,0 +1,139 @@
+#include "tree.h"
+
+namespace Bench {
+
+namespace {
+
+/// The table in a cell.
+Ptr<Table> nested(QX::Cell const& cell) {
+    Ptr<Table> table;
+    cell.get(table);
+    return table;
+}
+
+void append(pugi::xml_node node, char const* name, std::string const& text) {
+    node.append_child(name).text().set(text.c_str());
+}
+
+} // namespace
+
+Tree treeOf(std::size_t n, bool changed) {
+    Rows const& rows = rowsOf(n);
+    Tree tree(n / (ordersPerShop + 1));
+    std::size_t number = 0;
+    for (Shop& shop : tree) {
+        shop.name = rows[number].city + ' ' + rows[number].name;
+        for (std::size_t i = 0; i < ordersPerShop; ++i) {
+            Row const& row = rows[number];
+            double const total = row.amount + (changed && number % 100 == 0 ? 1 : 0);
+            shop.orders.push_back({row.id, row.name, total});
+            ++number;
+        }
+    }
+    return tree;
+}
+
+Ptr<Table> tableOf(Tree const& tree) {
+    Ptr<Table> const root(new Table("root"));
+    root->at(0, 0) = Str("shops");
+    for (Shop const& shop : tree) {
+        Ptr<Table> const inner(new Table("shop"));
+        inner->at("name", 1) = Str(shop.name);
+        inner->at(1, 0) = Str("orders");
+        for (Shop::Sale const& sale : shop.orders) {
+            Ptr<Table> const order(new Table("order"));
+            order->at("number", 1) = sale.number;
+            order->at("customer", 1) = Str(sale.customer);
+            order->at("total", 1) = sale.total;
+            inner->at(1, Table::npos) = order;
+        }
+        root->at(0, Table::npos) = inner;
+    }
+    return root;
+}
+
+Json jsonOf(Tree const& tree) {
+    Json shops = Json::array();
+    for (Shop const& shop : tree) {
+        Json orders = Json::array();
+        for (Shop::Sale const& sale : shop.orders) {
+            orders.push_back(
+                {{"number", sale.number}, {"customer", sale.customer}, {"total", sale.total}});
+        }
+        shops.push_back({{"name", shop.name}, {"orders", std::move(orders)}});
+    }
+    return {{"shops", std::move(shops)}};
+}
+
+Document documentOf(Tree const& tree) {
+    auto document = std::make_unique<pugi::xml_document>();
+    pugi::xml_node root = document->append_child("root");
+    for (Shop const& shop : tree) {
+        pugi::xml_node inner = root.append_child("shops");
+        append(inner, "name", shop.name);
+        for (Shop::Sale const& sale : shop.orders) {
+            pugi::xml_node order = inner.append_child("orders");
+            append(order, "number", Str::asString(sale.number).get());
+            append(order, "customer", sale.customer);
+            append(order, "total", Str::asString(sale.total).get());
+        }
+    }
+    return document;
+}
+
+Answer answerOf(Tree const& tree) {
+    Tally tally;
+    for (Shop const& shop : tree) {
+        tally << shop.name;
+        for (Shop::Sale const& sale : shop.orders) {
+            tally << sale.number << sale.customer << sale.total;
+        }
+        tally.endRow();
+    }
+    return tally.answer();
+}
+
+Answer treeAnswer(Table const& table) {
+    Tally tally;
+    for (std::size_t i = 1; i < table.items(0); ++i) {
+        Ptr<Table> const shop = nested(table.get("shops", i));
+        take(tally, shop->get("name", 1));
+        for (std::size_t j = 1; j < shop->items(0); ++j) {
+            Ptr<Table> const order = nested(shop->get("orders", j));
+            take(tally, order->get("number", 1));
+            take(tally, order->get("customer", 1));
+            take(tally, order->get("total", 1));
+        }
+        tally.endRow();
+    }
+    return tally.answer();
+}
+
+Answer treeAnswer(Json const& object) {
+    Tally tally;
+    for (Json const& shop : object["shops"]) {
+        take(tally, shop["name"]);
+        for (Json const& order : shop["orders"]) {
+            take(tally, order["number"]);
+            take(tally, order["customer"]);
+            take(tally, order["total"]);
+        }
+        tally.endRow();
+    }
+    return tally.answer();
+}
+
+Answer treeAnswer(pugi::xml_document const& document) {
+    Tally tally;
+    for (pugi::xml_node const shop : document.child("root").children("shops")) {
+        tally << shop.child_value("name");
+        for (pugi::xml_node const order : shop.children("orders")) {
+            tally << order.child("number").text().as_double() << order.child_value("customer")
+                  << order.child("total").text().as_double();
+        }
+        tally.endRow();
+    }
+    return tally.answer();
+}
+
+} // namespace Bench
