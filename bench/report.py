@@ -3,9 +3,9 @@
 
 report.py RESULTS [--csv FILE] [--chart FILE] [--update TREE]
 
-RESULTS is a directory of files written by --benchmark_out, one for each family. The table goes to standard
-output. --update puts it into docs/speed.md, a summary of it into README.md, both between their markers, and
-the chart into docs/images.
+RESULTS is a directory of files written by --benchmark_out, one for each family. The table goes to
+standard output. --update puts it into docs/speed.md, a summary of it into README.md, both between their
+markers, and the chart into docs/images.
 """
 
 import argparse
@@ -20,9 +20,9 @@ import sys
 PEERS = {"sqlite": "SQLite", "json": "nlohmann-json", "pugixml": "pugixml", "plain": "plain C++"}
 RIVALS = ("sqlite", "json", "pugixml")  # plain C++ is the practical limit, not a rival
 FAMILIES = {
-    "cells": "Single cells", "build": "Build, copy, destroy", "read": "Read single values", "sort": "Sort",
-    "filter": "Filter", "distinct": "Drop repeated rows", "join": "Append, merge, overlay, fill",
-    "wide": "Thousands of indices", "transpose": "Transpose", "compare": "Compare, match",
+    "cells": "Single cells", "build": "Build, copy, destroy", "read": "Read single values",
+    "sort": "Sort", "filter": "Filter", "distinct": "Drop repeated rows",
+    "join": "Append, merge, overlay, fill", "wide": "Thousands of indices", "transpose": "Transpose", "compare": "Compare, match",
     "arithmetic": "Add, sum, template", "display": "Print", "nested": "Nested tables", "paths": "Paths",
     "attributes": "Attributes",
 }
@@ -45,13 +45,12 @@ class Row:
         times = self.times[size or self.sizes[-1]]
         return times[peer] / times["qx"] if peer in times else None
 
-    @property
-    def growth(self):
-        """The exponent g with which QX's time grows, as n to the power of g; None with a single size."""
-        if len(self.times) < 2:
-            return None
+    def growth(self, side="qx"):
+        """The g of a side's time growing as n to the power of g; None without a second size."""
         small, large = self.sizes[0], self.sizes[-1]
-        return math.log(self.times[large]["qx"] / self.times[small]["qx"]) / math.log(large / small)
+        if small == large or side not in self.times[large]:
+            return None
+        return math.log(self.times[large][side] / self.times[small][side]) / math.log(large / small)
 
 
 def read(directory):
@@ -74,11 +73,14 @@ def read(directory):
     return list(rows.values()), context
 
 
-def figure(value):
-    """Three significant digits, without an exponent."""
-    if value >= 100:
-        return f"{value:.0f}"
-    return f"{value:.{max(0, 2 - math.floor(math.log10(max(value, 1e-4))))}f}"
+def figure(value, digits=3):
+    """So many significant digits, without an exponent."""
+    places = digits - 1 - math.floor(math.log10(max(value, 1e-4)))
+    return f"{value:.{max(0, places)}f}"
+
+
+def times_as_long(ratio):
+    return figure(ratio, digits=2)
 
 
 def cells(row, size):
@@ -88,19 +90,28 @@ def cells(row, size):
     yield f"{size:,}"
     yield figure(times["qx"] * 1e3)
     for peer in PEERS:
-        yield f"{figure(times[peer] * 1e3)} ({figure(row.ratio(peer, size))})" if peer in times else ""
-    yield f"{row.growth:.2f}" if size == row.sizes[-1] and row.growth is not None else ""
+        yield f"{figure(times[peer] * 1e3)} ({times_as_long(row.ratio(peer, size))})" if peer in times else ""
+    last = size == row.sizes[-1]
+    yield exponents([row.growth()]) if last else ""
+    yield exponents([row.growth(peer) for peer in PEERS]) if last else ""
+
+
+def exponents(values):
+    """The least and the largest of some exponents."""
+    shown = sorted({f"{value:.2f}" for value in values if value is not None}, key=float)
+    return shown[0] if len(shown) == 1 else f"{shown[0]} to {shown[-1]}" if shown else ""
 
 
 def full_table(rows):
-    header = ["workload", "n", "QX", *PEERS.values(), "growth"]
+    header = ["workload", "n", "QX", *PEERS.values(), "growth", "their growth"]
     lines = [list(cells(row, size)) for row in rows for size in row.sizes]
     widths = [max(len(line[i]) for line in [header, *lines]) for i in range(len(header))]
     aligned = ["-" * widths[0]] + ["-" * (width - 1) + ":" for width in widths[1:]]
 
     def show(line):
-        padded = [line[0].ljust(widths[0])] + [text.rjust(width) for text, width in zip(line[1:], widths[1:])]
-        return "| " + " | ".join(padded) + " |"
+        name, *numbers = line
+        padded = [text.rjust(width) for text, width in zip(numbers, widths[1:])]
+        return "| " + " | ".join([name.ljust(widths[0]), *padded]) + " |"
 
     return "\n".join(map(show, [header, aligned, *lines])) + "\n"
 
@@ -110,18 +121,20 @@ def spread(values):
     values = [value for value in values if value is not None]
     if not values:
         return ""
-    middle = figure(statistics.median(values))
-    return middle if len(values) == 1 else f"{middle} ({figure(min(values))} to {figure(max(values))})"
+    middle, least, most = map(times_as_long, (statistics.median(values), min(values), max(values)))
+    return middle if len(values) == 1 else f"{middle} ({least} to {most})"
 
 
 def summary_table(rows):
-    lines = ["| | " + " | ".join(PEERS.values()) + " | growth |", "|---|" + "--:|" * (len(PEERS) + 1)]
+    header = ["", *PEERS.values(), "growth", "their growth"]
+    lines = [f"| {' | '.join(header)} |", "|---|" + "--:|" * (len(header) - 1)]
     for family, title in FAMILIES.items():
         own = [row for row in rows if row.family == family]
         if own:
             fields = [spread([row.ratio(peer) for row in own]) for peer in PEERS]
-            growth = max((row.growth for row in own if row.growth is not None), default=None)
-            lines.append(f"| {title} | " + " | ".join(fields) + f" | {growth:.2f} |")
+            fields.append(exponents([row.growth() for row in own]))
+            fields.append(exponents([row.growth(peer) for row in own for peer in PEERS]))
+            lines.append(f"| {title} | " + " | ".join(fields) + " |")
     return "\n".join(lines) + "\n"
 
 
@@ -132,7 +145,7 @@ def losses(rows):
         lost = sorted((row.ratio(peer), row.name) for row in rows if (row.ratio(peer) or 1) < 1)
         against = sum(row.ratio(peer) is not None for row in rows)
         if lost:
-            listed = "; ".join(f"{name.replace('/', ': ')} ({figure(ratio)})" for ratio, name in lost)
+            listed = "; ".join(f"{name.replace('/', ': ')} ({times_as_long(ratio)})" for ratio, name in lost)
             text += f"- {PEERS[peer]} is ahead in {len(lost)} of {against}: {listed}.\n"
     return text
 
@@ -149,14 +162,16 @@ def machine(context):
 
 
 def write_csv(rows, path):
+    sides = ["qx", *PEERS]
     with open(path, "w", newline="") as file:
         writer = csv.writer(file)
-        writer.writerow(["workload", "n", "qx_s", *(f"{peer}_s" for peer in PEERS), "growth"])
+        writer.writerow(["workload", "n", *(f"{side}_seconds" for side in sides),
+                         *(f"{side}_growth" for side in sides)])
         for row in rows:
+            growth = [row.growth(side) for side in sides]
             for size in row.sizes:
-                times = row.times[size]
-                writer.writerow([row.name, size, times["qx"], *(times.get(peer, "") for peer in PEERS),
-                                 "" if row.growth is None else f"{row.growth:.3f}"])
+                writer.writerow([row.name, size, *(row.times[size].get(side, "") for side in sides),
+                                 *("" if value is None else f"{value:.3f}" for value in growth)])
 
 
 def draw(rows, path):
@@ -169,29 +184,30 @@ def draw(rows, path):
     colours = {"sqlite": "#4a6b85", "json": "#d98e32", "pugixml": "#7a9e4f", "plain": "#c9d3db"}
     shown = [row for row in rows if any(row.ratio(peer) for peer in PEERS)]
     bars = [(row, [peer for peer in PEERS if row.ratio(peer)]) for row in shown]
-    figure_, axes = plt.subplots(figsize=(8, 0.11 * sum(len(peers) + 0.7 for _, peers in bars) + 0.9))
-    y, ticks, named = 0.0, [], set()
+    height = 0.11 * sum(len(peers) + 0.7 for _, peers in bars) + 0.9
+    drawing, axes = plt.subplots(figsize=(8, height))
+    y, ticks = 0.0, []
     for row, peers in bars:
         ticks.append((y + (len(peers) - 1) / 2, row.name.replace("/", ": ")))
         for peer in peers:
-            label = None if peer in named else PEERS[peer]
-            named.add(peer)
-            axes.barh(y, row.ratio(peer) - 1, left=1, height=0.9, color=colours[peer], label=label)
+            axes.barh(y, row.ratio(peer) - 1, left=1, height=0.9, color=colours[peer])
             y += 1
         y += 0.7
     axes.set_xscale("log")
-    axes.set_xticks([0.01, 0.1, 1 / 3, 1, 3, 10, 100], ["1/100", "1/10", "1/3", "same", "3 x", "10 x", "100 x"])
+    axes.set_xticks([0.01, 0.1, 1 / 3, 1, 3, 10, 100], ["1/100", "1/10", "1/3", "1", "3", "10", "100"])
     axes.set_yticks([at for at, _ in ticks], [name for _, name in ticks])
     axes.set_ylim(y, -1)
     axes.axvline(1, color="#1d2733", linewidth=0.8)
     axes.grid(axis="x", color="#dde4ea", linewidth=0.6)
     axes.set_axisbelow(True)
     axes.set_title("Time of each peer relative to QX: to the right QX is ahead", loc="left", fontsize=10)
+    for peer, title in PEERS.items():
+        axes.barh(0, 0, left=1, color=colours[peer], label=title)
     axes.legend(loc="upper center", bbox_to_anchor=(0.4, -0.02), ncol=4, frameon=False)
     for side in ("top", "right", "left"):
         axes.spines[side].set_visible(False)
     axes.tick_params(axis="y", length=0)
-    figure_.savefig(path, bbox_inches="tight", metadata={"Date": None})
+    drawing.savefig(path, bbox_inches="tight", metadata={"Date": None})
 
 
 def replace_between(path, text):
@@ -215,7 +231,8 @@ def main():
     rows, context = read(options.results)
     if not rows:
         sys.exit("nothing was measured")
-    print(f"Milliseconds; behind each peer's, in brackets, how many times as long as QX it takes.\n\n"
+    print(f"Milliseconds; behind each peer's, in brackets, how many times as long as QX it takes.\n"
+          f"Growth is the exponent of n between the two sizes, QX's and the peers'.\n\n"
           f"{full_table(rows)}\n{losses(rows)}\n{machine(context)}")
     if options.csv:
         write_csv(rows, options.csv)
@@ -225,9 +242,8 @@ def main():
         missing = [family for family in FAMILIES if family not in {row.family for row in rows}]
         if missing:
             sys.exit(f"not measured: {', '.join(missing)}")
-        lost = losses(rows)
         note = f"\nMeasured on {machine(context)}\n"
-        replace_between(options.update / "README.md", summary_table(rows) + (f"\n{lost}" if lost else "") + note)
+        replace_between(options.update / "README.md", f"{summary_table(rows)}\n{losses(rows)}{note}")
         replace_between(options.update / "docs/speed.md", full_table(rows) + note)
         draw(rows, options.update / "docs/images/speed.svg")
 

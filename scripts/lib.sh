@@ -8,9 +8,8 @@ jobs=$(nproc 2>/dev/null || echo 2)
 # What the library and the example programs are built with.
 build_packages=(cmake=cmake g++=g++ ninja-build=ninja libcli11-dev libcsv-dev nlohmann-json3-dev)
 
-# What the benchmarks take besides, and what draws their chart.
-bench_packages=(libbenchmark-dev libsqlite3-dev nlohmann-json3-dev libpugixml-dev python3=python3
-    python3-matplotlib)
+# What the benchmarks are built with besides.
+bench_packages=(libbenchmark-dev libsqlite3-dev libpugixml-dev)
 
 # Quits with a message.
 die() {
