@@ -59,10 +59,18 @@ std::string shown(Rows const& rows) {
     return std::move(os).str();
 }
 
+struct IntoString : pugi::xml_writer {
+    void write(void const* data, std::size_t size) override {
+        text.append(static_cast<char const*>(data), size);
+    }
+
+    std::string text;
+};
+
 std::string shown(pugi::xml_document const& document) {
-    std::ostringstream os;
-    document.save(os, "", pugi::format_raw);
-    return std::move(os).str();
+    IntoString writer;
+    document.save(writer, "", pugi::format_raw);
+    return std::move(writer.text);
 }
 
 /// Writes `source`, in which `texts` must then be found.

@@ -22,8 +22,8 @@ RIVALS = ("sqlite", "json", "pugixml")  # plain C++ is the practical limit, not 
 FAMILIES = {
     "cells": "Single cells", "build": "Build, copy, destroy", "read": "Read single values",
     "sort": "Sort", "filter": "Filter", "distinct": "Drop repeated rows",
-    "join": "Append, merge, overlay, fill", "wide": "Thousands of indices", "transpose": "Transpose", "compare": "Compare, match",
-    "arithmetic": "Add, sum, template", "display": "Print", "nested": "Nested tables", "paths": "Paths",
+    "join": "Append, merge, overlay, fill", "wide": "Thousands of indices", "transpose": "Transpose",
+    "compare": "Compare, match", "arithmetic": "Add, sum, template", "display": "Print", "nested": "Nested tables", "paths": "Paths",
     "attributes": "Attributes",
 }
 

@@ -11,10 +11,6 @@ Ptr<Table> nested(QX::Cell const& cell) {
     return table;
 }
 
-void append(pugi::xml_node node, char const* name, std::string const& text) {
-    node.append_child(name).text().set(text.c_str());
-}
-
 } // namespace
 
 Tree treeOf(std::size_t n, bool changed) {
@@ -53,16 +49,24 @@ Ptr<Table> tableOf(Tree const& tree) {
 }
 
 Json jsonOf(Tree const& tree) {
-    Json shops = Json::array();
+    Json::array_t shops;
     for (Shop const& shop : tree) {
-        Json orders = Json::array();
+        Json::array_t orders;
         for (Shop::Sale const& sale : shop.orders) {
-            orders.push_back(
-                {{"number", sale.number}, {"customer", sale.customer}, {"total", sale.total}});
+            Json order = Json::object();
+            order["number"] = sale.number;
+            order["customer"] = sale.customer;
+            order["total"] = sale.total;
+            orders.push_back(std::move(order));
         }
-        shops.push_back({{"name", shop.name}, {"orders", std::move(orders)}});
+        Json inner = Json::object();
+        inner["name"] = shop.name;
+        inner["orders"] = std::move(orders);
+        shops.push_back(std::move(inner));
     }
-    return {{"shops", std::move(shops)}};
+    Json root = Json::object();
+    root["shops"] = std::move(shops);
+    return root;
 }
 
 Document documentOf(Tree const& tree) {
@@ -70,12 +74,12 @@ Document documentOf(Tree const& tree) {
     pugi::xml_node root = document->append_child("root");
     for (Shop const& shop : tree) {
         pugi::xml_node inner = root.append_child("shops");
-        append(inner, "name", shop.name);
+        inner.append_child("name").text().set(shop.name.c_str());
         for (Shop::Sale const& sale : shop.orders) {
             pugi::xml_node order = inner.append_child("orders");
-            append(order, "number", Str::asString(sale.number).get());
-            append(order, "customer", sale.customer);
-            append(order, "total", Str::asString(sale.total).get());
+            order.append_child("number").text().set(sale.number);
+            order.append_child("customer").text().set(sale.customer.c_str());
+            order.append_child("total").text().set(sale.total);
         }
     }
     return document;
