@@ -46,7 +46,7 @@ Document elementsOf(Rows const& rows) {
         pugi::xml_node order = root.append_child("order");
         order.append_attribute("source").set_value(row.city.c_str());
         order.append_attribute("customer").set_value(row.name.c_str());
-        order.append_attribute("rate").set_value(row.amount);
+        order.append_attribute("rate").set_value(numberText(row.amount).c_str());
     }
     return document;
 }

@@ -1,5 +1,8 @@
 #include "tree.h"
 
+#include <array>
+#include <charconv>
+
 namespace Bench {
 
 namespace {
@@ -69,6 +72,11 @@ Json jsonOf(Tree const& tree) {
     return root;
 }
 
+std::string numberText(double number) {
+    std::array<char, 32> text{};
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), number).ptr};
+}
+
 Document documentOf(Tree const& tree) {
     auto document = std::make_unique<pugi::xml_document>();
     pugi::xml_node root = document->append_child("root");
@@ -77,9 +85,9 @@ Document documentOf(Tree const& tree) {
         inner.append_child("name").text().set(shop.name.c_str());
         for (Shop::Sale const& sale : shop.orders) {
             pugi::xml_node order = inner.append_child("orders");
-            order.append_child("number").text().set(sale.number);
+            order.append_child("number").text().set(numberText(sale.number).c_str());
             order.append_child("customer").text().set(sale.customer.c_str());
-            order.append_child("total").text().set(sale.total);
+            order.append_child("total").text().set(numberText(sale.total).c_str());
         }
     }
     return document;
