@@ -108,11 +108,7 @@ bool Table::check() const {
 }
 
 Ptr<Table> Table::clone() const {
-    Ptr<Table> copy = body().clone();
-    if (attributes_) {
-        copy->attributes_ = attributes_->clone()->data_;
-    }
-    return copy;
+    return TableImplementation::clone(*this);
 }
 
 Status Table::alias(Ptr<Table const> /*other*/, Ptr<Table>& /*result*/) const {

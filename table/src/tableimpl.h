@@ -65,8 +65,8 @@ public:
     void addFilled(Cell const& name, std::vector<Cell>&& items);
 
     bool check() const;
-    /// A deep copy as a new table with empty attributes.
-    Ptr<Table> clone() const;
+    /// A deep copy of a table and its attributes.
+    static Ptr<Table> clone(Table const& table);
     std::ostream& display(std::ostream& os, int number) const;
 
     // The operations of Table, one family per source file. The caller keeps this body alive meanwhile.
@@ -111,6 +111,9 @@ private:
     void copyRectangle(TableImplementation& target) const;
     /// A copy of an index with empty cells added up to `width` items.
     static Index padded(Index const& index, std::size_t width);
+    /// Goes on with filling the copy of this body, which becomes `width` wide, up to the next nested table; that
+    /// one's copy is to be added by the caller. Null at the end.
+    Table const* cloneCells(TableImplementation& copy, std::size_t width) const;
     /// A new table of the names row and the given rows, in their order.
     Ptr<Table> pickRows(Str const& name, Rows const& rows) const;
     /// A new table without the rows that display like an earlier row.

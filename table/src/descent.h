@@ -1,0 +1,54 @@
+#pragma once
+
+#include "cell/cellvalue.h"
+#include "table/src/raise.h"
+
+#include <bit>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace QX {
+
+/// The walks that are under way, each inside a table nested in the one before.
+template <typename Walk>
+using Descent = std::vector<Walk>;
+
+/// Walks a table and the tables nested in it, to any depth, without a call for each level.
+///
+/// `advance(descent)` goes on with the innermost walk and returns the walk of the next nested table, or
+/// nothing at its end. `finish(descent, done)` then hands the walk that has ended to the one around it,
+/// which is the innermost again. Returns the walk of the table itself, at its end.
+///
+/// Raises "Table contains itself" when the descent would never end. What a walk does is a function of its
+/// key(), so the keys along an endless descent come to repeat with a period, and comparing each with the one
+/// at the last power of two finds that within a few periods. An equal key on the way down is never met
+/// otherwise.
+template <typename Walk, typename Advance, typename Finish>
+Walk descend(Walk root, Advance const& advance, Finish const& finish) {
+    Descent<Walk> descent;
+    descent.reserve(4);
+    descent.push_back(std::move(root));
+    for (;;) {
+        if (std::optional<Walk> nested = advance(descent)) {
+            if (nested->key() == descent[std::bit_floor(descent.size()) - 1].key()) {
+                raise("Table contains itself");
+            }
+            descent.push_back(std::move(*nested));
+            continue;
+        }
+        Walk done = std::move(descent.back());
+        descent.pop_back();
+        if (descent.empty()) {
+            return done;
+        }
+        finish(descent, std::move(done));
+    }
+}
+
+/// The nested table of a table cell without a handle of its own; null for every other cell.
+inline Table const* nestedIn(Cell const& cell) {
+    return cell.isA() == Cell::TableCell ? valueOf(cell).table : nullptr;
+}
+
+} // namespace QX
