@@ -15,6 +15,8 @@ public:
 
     /// The body of a cell; that of all empty cells when it has none.
     static CellImplementation const& of(Cell const& cell) { return cell.body(); }
+    /// The number of cells that share the body of a cell.
+    static std::uint32_t owners(Cell const& cell) { return cell.body_.useCount(); }
 
     virtual bool compare(CellImplementation const& other, bool flag) const = 0;
     /// A new body of this one's own; a table body's has an empty table of the same name, an error body's

@@ -25,6 +25,8 @@ public:
     bool lessThan(CellImplementation const& other) const override;
 
     Table const* table() const { return table_.get(); }
+    /// The number of handles that share the table.
+    std::uint32_t owners() const { return table_.useCount(); }
 
 private:
     Ptr<Table> table_;

@@ -5,6 +5,8 @@
 #include "cell/cellstring.h"
 #include "cell/celltable.h"
 
+#include <algorithm>
+
 namespace QX {
 
 CellValue valueOf(Cell const& cell) {
@@ -26,6 +28,11 @@ CellValue valueOf(Cell const& cell) {
         break;
     }
     return value;
+}
+
+std::uint32_t ownersOf(Cell const& cell) {
+    CellImplementation const& body = CellImplementation::of(cell);
+    return std::max(CellImplementation::owners(cell), static_cast<CellTable const&>(body).owners());
 }
 
 bool isDate(Cell const& cell) {

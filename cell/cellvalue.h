@@ -2,6 +2,7 @@
 
 #include "qx/cell.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace QX {
@@ -17,6 +18,9 @@ struct CellValue {
 
 /// Looks at `cell`.
 CellValue valueOf(Cell const& cell);
+
+/// The most handles that share the body of a table cell or its table.
+std::uint32_t ownersOf(Cell const& cell);
 
 /// True for a string cell whose text is a date, by which it may equal a number.
 bool isDate(Cell const& cell);

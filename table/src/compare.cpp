@@ -1,97 +1,185 @@
+#include "table/src/descent.h"
 #include "table/src/namelookup.h"
 #include "table/src/tableimpl.h"
 
+#include <algorithm>
+#include <memory>
+#include <set>
 #include <string>
 
 namespace QX {
 
 namespace {
 
-/// Where a walk stands: an item of an index, inside the item of an outer table that holds this one.
-struct Place {
-    Place const* outer;
-    std::string name; // empty for an index without a readable name
-    std::size_t item;
+/// A pair of tables being compared: first at the positions that the left one has; then, in reverse, at those
+/// that only the right one has.
+struct Pair {
+    TableImplementation const* left;
+    TableImplementation const* right;
+    bool repeats = false; // the left one may be met again
+    bool reverse = false;
+    bool paired = false; // index i has been paired
+    bool differs = false;
+    std::size_t leftItems = left->items();
+    std::size_t rightItems = right->items();
+    std::size_t i = 0;      // an index of the near table
+    std::size_t item = 0;   // and the item that the walk has come to
+    std::size_t k = 0;      // the index of the far table
+    std::size_t shared = 0; // the number of items that it has a position for
+    std::unique_ptr<NameLookup> lookup{};
 
-    /// The text that locates the item; only a named index carries the place of the outer item.
-    std::string key() const {
-        std::string const prefix =
-            name.empty() ? "" : (outer == nullptr ? "" : outer->key()) + '/' + name;
-        return prefix + '[' + std::to_string(item) + ']';
+    auto key() const { return std::pair(left, right); }
+    TableImplementation const& near() const { return reverse ? *right : *left; }
+    TableImplementation const& far() const { return reverse ? *left : *right; }
+
+    /// Empty when the name of index i has no text.
+    Str name() const {
+        Str name;
+        near().get(i, 0).get(name, 0);
+        return name;
     }
-};
 
-/// Collects differences, one column of three cells each; without a table it only says that there is one.
-class Differences {
-public:
-    explicit Differences(TableImplementation* table) : table_(table) {}
-
-    void add(Place const& place, Cell const& left, Cell const& right) {
-        found_ = true;
-        if (table_ != nullptr) {
-            table_->at(0, Table::npos) = Cell(Str(place.key()));
-            table_->at(1, Table::npos) = left;
-            table_->at(2, Table::npos) = right;
-        }
+    /// Finds the far table's index for index i: that of its name or, without a name, the one at its position.
+    void pairIndex() {
+        Str const text = name();
+        std::size_t const position = i < far().indices() ? i : Table::npos;
+        k = text.empty() ? position : find(Cell(text));
+        shared = k == Table::npos ? 0 : reverse ? leftItems : rightItems;
+        item = reverse ? shared : 0;
+        paired = true;
     }
 
-    bool found() const { return found_; }
-    /// True when one difference is all that is asked for.
-    bool complete() const { return found_ && table_ == nullptr; }
+    void nextIndex() {
+        ++i;
+        paired = false;
+    }
+
+    void turn() {
+        reverse = true;
+        i = 0;
+        lookup.reset();
+    }
 
 private:
-    TableImplementation* table_;
-    bool found_ = false;
+    std::size_t find(Cell const& name) {
+        if (far().indices() <= NameLookup::few) {
+            return far().findIndex(name);
+        }
+        if (!lookup) {
+            lookup = std::make_unique<NameLookup>(far());
+        }
+        return lookup->find(name);
+    }
 };
 
-/// Compares the near table with the far one, position by position.
+/// Compares two tables. Differences become columns of three cells each; without a table for them it only
+/// finds out whether there is one.
 class Comparison {
 public:
-    Comparison(Differences& differences, bool flag) : differences_(differences), flag_(flag) {}
+    Comparison(TableImplementation* columns, bool flag) : columns_(columns), flag_(flag) {}
 
-    /// Finds the differences at positions that both tables have and, inside nested tables, all; then
-    /// those at positions that only one of them has.
-    void compare(TableImplementation const& left, TableImplementation const& right, Place const* outer) {
-        walk(left, right, outer, true);
-        walk(right, left, outer, false);
+    /// True when the tables differ.
+    bool differ(TableImplementation const& left, TableImplementation const& right) {
+        auto const advance = [this](Descent<Pair>& descent) { return nextNested(descent); };
+        auto const finish = [this](Descent<Pair>& descent, Pair const& done) {
+            Pair& pair = descent.back();
+            pair.differs |= done.differs;
+            ++pair.item;
+            if (done.repeats && !done.differs) {
+                equal_.insert(done.key());
+            }
+        };
+        return descend(Pair{&left, &right}, advance, finish).differs;
     }
 
 private:
-    void walk(TableImplementation const& near, TableImplementation const& far, Place const* outer,
-              bool nearIsLeft) {
-        NameLookup lookup(far);
-        std::size_t const nearItems = near.items();
-        std::size_t const farItems = far.items();
-        for (std::size_t i = 0; i < near.indices() && !differences_.complete(); ++i) {
-            Str name; // stays empty when the name has no text: then the index is paired by position
-            near.get(i, 0).get(name, 0);
-            std::size_t const position = i < far.indices() ? i : Table::npos;
-            std::size_t const k = name.empty() ? position : lookup.find(Cell(name));
-            std::size_t const shared = k == Table::npos ? 0 : farItems;
-            Place place{outer, std::string(name.data(), name.size()), nearIsLeft ? 0 : shared};
-            for (; place.item < nearItems && !differences_.complete(); ++place.item) {
-                Cell const& cell = near.get(i, place.item);
-                if (place.item < shared) {
-                    compareCells(cell, far.get(k, place.item), place);
-                } else if (!cell.empty()) {
-                    Cell const missing(Str("missing"));
-                    differences_.add(place, nearIsLeft ? cell : missing, nearIsLeft ? missing : cell);
+    /// True when one difference is all that is asked for.
+    bool complete(Pair const& pair) const { return pair.differs && columns_ == nullptr; }
+
+    /// Goes on to the next two nested tables at one position that are not known to be equal.
+    std::optional<Pair> nextNested(Descent<Pair>& descent) {
+        Pair& pair = descent.back();
+        for (;; pair.turn()) {
+            for (; pair.i < pair.near().indices() && !complete(pair); pair.nextIndex()) {
+                if (!pair.paired) {
+                    pair.pairIndex();
                 }
+                if (std::optional<Pair> nested = compareShared(descent)) {
+                    return nested;
+                }
+                listMissing(descent);
+            }
+            if (pair.reverse || complete(pair)) {
+                return std::nullopt;
             }
         }
     }
 
-    void compareCells(Cell const& left, Cell const& right, Place const& place) {
-        if (left.isA() == Cell::TableCell && right.isA() == Cell::TableCell) {
-            compare(TableImplementation::of(*tableOf(left)), TableImplementation::of(*tableOf(right)),
-                    &place);
-        } else if (!left.compare(right, flag_)) {
-            differences_.add(place, left, right);
+    std::optional<Pair> compareShared(Descent<Pair>& descent) {
+        Pair& pair = descent.back();
+        std::size_t const end = std::min(pair.leftItems, pair.shared);
+        for (; !pair.reverse && pair.item < end && !complete(pair); ++pair.item) {
+            Cell const& left = pair.left->get(pair.i, pair.item);
+            Cell const& right = pair.right->get(pair.k, pair.item);
+            if (left.isA() != Cell::TableCell || right.isA() != Cell::TableCell) {
+                if (!left.compare(right, flag_)) {
+                    add(descent, left, right);
+                }
+            } else if (Pair nested = nestedPair(left, right); !equal_.contains(nested.key())) {
+                return nested;
+            }
+        }
+        return std::nullopt;
+    }
+
+    static Pair nestedPair(Cell const& left, Cell const& right) {
+        return {&TableImplementation::of(*nestedIn(left)), &TableImplementation::of(*nestedIn(right)),
+                TableImplementation::isShared(left)};
+    }
+
+    void listMissing(Descent<Pair>& descent) {
+        Pair& pair = descent.back();
+        std::size_t const end = pair.reverse ? pair.rightItems : pair.leftItems;
+        for (; pair.item < end && !complete(pair); ++pair.item) {
+            Cell const& cell = pair.near().get(pair.i, pair.item);
+            if (!cell.empty()) {
+                Cell const missing(Str("missing"));
+                add(descent, pair.reverse ? missing : cell, pair.reverse ? cell : missing);
+            }
         }
     }
 
-    Differences& differences_;
+    void add(Descent<Pair>& descent, Cell const& left, Cell const& right) {
+        descent.back().differs = true;
+        if (columns_ != nullptr) {
+            columns_->at(0, Table::npos) = Cell(Str(place(descent)));
+            columns_->at(1, Table::npos) = left;
+            columns_->at(2, Table::npos) = right;
+        }
+    }
+
+    /// The text that locates the item that was reached; only a named index carries the place of the outer item.
+    static std::string place(Descent<Pair> const& descent) {
+        std::size_t first = descent.size() - 1;
+        while (first > 0 && !descent[first].name().empty()) {
+            --first;
+        }
+        std::string place;
+        for (std::size_t depth = first; depth < descent.size(); ++depth) {
+            Str const name = descent[depth].name();
+            if (!name.empty()) {
+                place += '/';
+                place.append(name.data(), name.size());
+            }
+            place += '[' + std::to_string(descent[depth].item) + ']';
+        }
+        return place;
+    }
+
+    TableImplementation* columns_;
     bool flag_;
+    std::set<std::pair<TableImplementation const*, TableImplementation const*>>
+        equal_; // of the pairs that may be met again, since a table can be reached along 2^depth ways
 };
 
 } // namespace
@@ -105,18 +193,14 @@ Status TableImplementation::compare(TableImplementation const& right, Ptr<Table>
     for (char const* title : {"Xpath", "Left", "Right"}) {
         columns.addIndex(title);
     }
-    Differences differences(&columns);
-    Comparison(differences, flag).compare(*this, right, nullptr);
-    if (!differences.found()) {
+    if (!Comparison(&columns, flag).differ(*this, right)) {
         result = makePtr<Table>(name);
     }
     return Status();
 }
 
 bool TableImplementation::match(TableImplementation const& right) const {
-    Differences differences(nullptr);
-    Comparison(differences, false).compare(*this, right, nullptr);
-    return !differences.found();
+    return !Comparison(nullptr, false).differ(*this, right);
 }
 
 } // namespace QX

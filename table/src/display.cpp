@@ -1,6 +1,8 @@
+#include "table/src/descent.h"
 #include "table/src/tableimpl.h"
 
 #include <ostream>
+#include <typeinfo>
 
 namespace QX {
 
@@ -33,18 +35,50 @@ void displayIndex(std::ostream& os, std::size_t i, std::vector<Cell> const& inde
     os << std::endl;
 }
 
+/// A table whose nested tables are displayed, which come before itself.
+struct Display {
+    TableImplementation const* body;
+    int number;
+    int nested = number; // the number of the last nested table
+    std::size_t i = 0;
+    std::size_t j = 0;
+
+    auto key() const { return body; }
+
+    /// Steps over the next table cell and numbers its table; null when there is none.
+    Table const* nextNested() {
+        for (; i < body->indices(); ++i, j = 0) {
+            for (std::size_t const length = body->length(i); j < length; ++j) {
+                if (Table const* const table = nestedIn(body->get(i, j))) {
+                    nested = successor(nested);
+                    ++j;
+                    return table;
+                }
+            }
+        }
+        return nullptr;
+    }
+};
+
 } // namespace
 
 std::ostream& TableImplementation::display(std::ostream& os, int number) const {
-    int nested = number;
-    for (Index const& index : indices_) {
-        for (Cell const& cell : index) {
-            if (cell.isA() == Cell::TableCell) {
-                nested = successor(nested);
-                tableOf(cell)->display(os, nested);
+    auto const advance = [&](Descent<Display>& descent) -> std::optional<Display> {
+        Display& walk = descent.back();
+        while (Table const* const table = walk.nextNested()) {
+            if (typeid(*table) == typeid(Table) && table->data_) {
+                return Display{table->data_.get(), walk.nested};
             }
+            table->display(os, walk.nested);
         }
-    }
+        walk.body->displayOwn(os, walk.number);
+        return std::nullopt;
+    };
+    descend(Display{this, number}, advance, [](Descent<Display>&, Display const&) {});
+    return os;
+}
+
+void TableImplementation::displayOwn(std::ostream& os, int number) const {
     os << "Table - ";
     if (number == -1) {
         os << name_;
@@ -52,11 +86,10 @@ std::ostream& TableImplementation::display(std::ostream& os, int number) const {
         os << number;
     }
     os << std::endl;
-    nested = number;
+    int nested = number;
     for (std::size_t i = 0; i < indices_.size(); ++i) {
         displayIndex(os, i, indices_[i], nested);
     }
-    return os;
 }
 
 } // namespace QX

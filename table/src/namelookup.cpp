@@ -8,7 +8,6 @@
 namespace QX {
 
 std::size_t NameLookup::find(Cell const& name) {
-    constexpr std::size_t few = 16; // so many are compared sooner than filed
     if (!fastPaths || table_.indices() <= few) {
         return table_.findIndex(name);
     }

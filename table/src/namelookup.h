@@ -15,6 +15,9 @@ namespace QX {
 /// The table may gain named indices while the lookup is in use.
 class NameLookup {
 public:
+    /// So many names are compared sooner than filed.
+    static constexpr std::size_t few = 16;
+
     /// Looks in `table`, which must outlive the lookup.
     explicit NameLookup(TableImplementation const& table) : table_(table) {}
 

@@ -1,46 +1,157 @@
+#include "table/src/descent.h"
 #include "table/src/namelookup.h"
 #include "table/src/tableimpl.h"
 
+#include <memory>
+#include <set>
+#include <unordered_map>
+
 namespace QX {
+
+namespace {
+
+/// A table on its way onto another, its indices and items the last first.
+struct Layer {
+    TableImplementation const* lower;
+    TableImplementation const* operand;
+    void const* lowerKey; // stands for what the lower table contributes to the descent
+    Ptr<Table> laid;
+    std::size_t width;
+    std::size_t k = operand->indices();   // an index of the operand
+    std::size_t j = 0;                    // the items that it has left
+    std::size_t target = 0;               // the index that it goes to
+    std::unique_ptr<NameLookup> lookup{}; // of the lower table's indices
+
+    auto key() const { return std::pair(lowerKey, operand); }
+
+    /// Goes on to the next index of the operand that is to be laid; false when there is none.
+    bool nextIndex(bool matchedOnly) {
+        while (k-- > 0) {
+            std::size_t const match = find(operand->get(k, 0));
+            if (match != Table::npos || !matchedOnly) {
+                target = match == Table::npos ? laid->indices() : match;
+                j = width;
+                return true;
+            }
+        }
+        return false;
+    }
+
+private:
+    std::size_t find(Cell const& name) {
+        if (lower->indices() <= NameLookup::few) {
+            return lower->findIndex(name);
+        }
+        if (!lookup) {
+            lookup = std::make_unique<NameLookup>(*lower);
+        }
+        return lookup->find(name);
+    }
+};
+
+/// Knows the tables of a result by what they were made of.
+///
+/// Two operand indices of one name are laid over each other, the second over a table that the first has just
+/// made. Such tables are new at every level of an endless descent; those made of the same tables behave alike.
+class Origins {
+public:
+    /// True once a table that was just made lies beneath; until then none needs to be known.
+    bool needed = false;
+
+    void const* of(TableImplementation const* table) const {
+        auto const known = keys_.find(table);
+        return known == keys_.end() ? table : known->second;
+    }
+
+    void note(TableImplementation const* made, Layer const& layer) {
+        keys_[made] = &*pairs_.insert(layer.key()).first;
+    }
+
+private:
+    std::unordered_map<TableImplementation const*, void const*> keys_;
+    std::set<std::pair<void const*, TableImplementation const*>> pairs_;
+};
+
+/// Lays tables over tables.
+class Overlay {
+public:
+    explicit Overlay(OverlayFlags const& flags) : flags_(flags) {}
+
+    Layer begin(TableImplementation const* lower, TableImplementation const& operand,
+                Ptr<Table> const& laid) {
+        // Where neither names nor items limit it, the operand alone decides how far down the walk goes.
+        bool const limited = flags_.matchedOnly || !flags_.operandItems;
+        std::size_t const width = flags_.operandItems ? operand.items() : lower->items();
+        return {lower, &operand, limited ? origins_.of(lower) : nullptr, laid, width};
+    }
+
+    /// Lays cells up to the next nested table of the operand and begins with that.
+    std::optional<Layer> advance(Layer& layer) {
+        TableImplementation& laid = TableImplementation::made(layer.laid);
+        for (;;) {
+            for (; layer.j > 0; --layer.j) {
+                std::size_t const j = layer.j - 1;
+                Cell const& cell = layer.operand->get(layer.k, j);
+                if (cell.empty() && !flags_.emptyOverwrites) {
+                    continue;
+                }
+                Cell& place = laid.at(layer.target, j);
+                if (Table const* const nested = nestedIn(cell)) {
+                    return beginNested(layer, place, TableImplementation::of(*nested));
+                }
+                if (!cell.empty() || place.isA() != Cell::TableCell) {
+                    place = cell;
+                }
+            }
+            if (!layer.nextIndex(flags_.matchedOnly)) {
+                return std::nullopt;
+            }
+        }
+    }
+
+    /// Puts a nested table that has been laid in its place.
+    void finish(Layer& layer, Layer const& done) {
+        --layer.j;
+        TableImplementation& laid = TableImplementation::made(layer.laid);
+        laid.at(layer.target, layer.j) = Cell(done.laid);
+        if (origins_.needed) {
+            origins_.note(&TableImplementation::of(*done.laid), done);
+        }
+    }
+
+private:
+    Layer beginNested(Layer const& layer, Cell const& place, TableImplementation const& operand) {
+        Table const* const beneath = nestedIn(place);
+        if (beneath != nestedIn(layer.lower->get(layer.target, layer.j - 1))) {
+            origins_.needed = true;
+        }
+        TableImplementation const& lower =
+            beneath == nullptr ? TableImplementation::none() : TableImplementation::of(*beneath);
+        Ptr<Table> const laid = makePtr<Table>(operand.name());
+        lower.copyRectangle(TableImplementation::made(laid));
+        return begin(&lower, operand, laid);
+    }
+
+    OverlayFlags const& flags_;
+    Origins origins_;
+};
+
+} // namespace
 
 Status TableImplementation::overlay(TableImplementation const* operand, Ptr<Table>& result,
                                     OverlayFlags const& flags) const {
     requireOther(result);
     Ptr<Table> const table = makePtr<Table>(operand == nullptr ? name_ : operand->name_);
     result = table;
-    TableImplementation& laid = made(table);
-    copyRectangle(laid);
-    Status status;
-    if (operand == nullptr) {
-        return status;
+    copyRectangle(made(table));
+    if (operand != nullptr) {
+        Overlay overlay(flags);
+        descend(
+            overlay.begin(this, *operand, table),
+            [&](Descent<Layer>& descent) { return overlay.advance(descent.back()); },
+            [&](Descent<Layer>& descent, Layer const& done) { overlay.finish(descent.back(), done); });
     }
-    NameLookup lookup(*this);
-    std::size_t const width = flags.operandItems ? operand->items() : items();
-    for (std::size_t k = operand->indices(); k-- > 0;) {
-        std::size_t const match = lookup.find(operand->get(k, 0));
-        if (match == npos && flags.matchedOnly) {
-            continue;
-        }
-        std::size_t const target = match == npos ? laid.indices() : match;
-        for (std::size_t j = width; j-- > 0;) {
-            Cell const& cell = operand->get(k, j);
-            if (cell.empty() && !flags.emptyOverwrites) {
-                continue;
-            }
-            Cell& place = laid.at(target, j);
-            if (cell.isA() == Cell::TableCell) {
-                Ptr<Table> const lower =
-                    place.isA() == Cell::TableCell ? tableOf(place) : makePtr<Table>();
-                Ptr<Table> nested;
-                status = lower->overlay(tableOf(cell), nested, flags.matchedOnly, flags.emptyOverwrites,
-                                        flags.operandItems);
-                place = Cell(nested);
-            } else if (!cell.empty() || place.isA() != Cell::TableCell) {
-                place = cell;
-            }
-        }
-    }
-    return status;
+    return Status();
 }
 
 } // namespace QX

@@ -1,6 +1,8 @@
 // What the operations share: their operands, the rectangular copy and the placing of rows.
 
 #include "base/fastpaths.h"
+#include "base/immortal.h"
+#include "cell/cellvalue.h"
 #include "table/src/raise.h"
 #include "table/src/tableimpl.h"
 
@@ -57,6 +59,15 @@ Cells scattered(Cells const& index, Rows const& places, std::size_t count) {
 
 TableImplementation const& TableImplementation::of(Table const& table) {
     return table.body();
+}
+
+TableImplementation const& TableImplementation::none() {
+    static Immortal<TableImplementation> const empty{Str()};
+    return empty.object;
+}
+
+bool TableImplementation::isShared(Cell const& cell) {
+    return ownersOf(cell) > 1 || valueOf(cell).table->data_.useCount() > 1;
 }
 
 TableImplementation const& TableImplementation::required(Ptr<Table const> const& operand,

@@ -1,6 +1,5 @@
 #include "qx/table.h"
 
-#include "base/immortal.h"
 #include "table/src/tableimpl.h"
 
 #include <ostream>
@@ -136,8 +135,7 @@ Ptr<TableImplementation> Table::heldBody() const {
 }
 
 TableImplementation const& Table::body() const {
-    static Immortal<TableImplementation> const empty{Str()};
-    return data_ ? *data_ : empty.object;
+    return data_ ? *data_ : TableImplementation::none();
 }
 
 } // namespace QX

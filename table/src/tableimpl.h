@@ -93,6 +93,11 @@ public:
 
     /// The data body of a table; an empty one when it has none.
     static TableImplementation const& of(Table const& table);
+    /// The data body that stands for a table without one.
+    static TableImplementation const& none();
+    /// True when the nested table of a table cell may be met elsewhere, too: cell, table or data body has
+    /// more than one owner.
+    static bool isShared(Cell const& cell);
     /// The data body of a table, shared; a new one that the table does not get when it has none.
     static Ptr<TableImplementation> held(Table const& table) { return table.heldBody(); }
     /// The handle of a table to its data body.
@@ -104,16 +109,18 @@ public:
     static TableImplementation& made(Ptr<Table> const& table) { return *table->data_; }
     /// Raises when `result` refers to this body, which overlay and append would otherwise change.
     void requireOther(Ptr<Table> const& result) const;
-
-private:
     /// Fills an empty table with this one's cells, padded to a rectangle; leaves it empty when there is
     /// no item.
     void copyRectangle(TableImplementation& target) const;
+
+private:
     /// A copy of an index with empty cells added up to `width` items.
     static Index padded(Index const& index, std::size_t width);
     /// Goes on with filling the copy of this body, which becomes `width` wide, up to the next nested table; that
     /// one's copy is to be added by the caller. Null at the end.
     Table const* cloneCells(TableImplementation& copy, std::size_t width) const;
+    /// Writes this table behind its nested tables, which were numbered from `number` + 1.
+    void displayOwn(std::ostream& os, int number) const;
     /// A new table of the names row and the given rows, in their order.
     Ptr<Table> pickRows(Str const& name, Rows const& rows) const;
     /// A new table without the rows that display like an earlier row.
