@@ -1,14 +1,17 @@
 #include "cell/cellvalue.h"
+#include "table/src/descent.h"
 #include "table/src/raise.h"
 #include "table/src/tableimpl.h"
 
-#include <algorithm>
+#include <map>
+#include <string_view>
+#include <tuple>
 
 namespace QX {
 
 namespace {
 
-constexpr std::string_view marker = "%D";
+constexpr char const* marker = "%D";
 
 /// True for a template cell that marks a position to compute with.
 bool isMarker(Cell const& cell) {
@@ -35,6 +38,174 @@ bool areTables(Cell const& left, Cell const& right) {
     return left.isA() == Cell::TableCell && right.isA() == Cell::TableCell;
 }
 
+TableImplementation const& nestedBody(Cell const& tableCell) {
+    return TableImplementation::of(*nestedIn(tableCell));
+}
+
+/// Where the walk of a rectangle stands.
+struct Position {
+    std::size_t indices;
+    std::size_t items;
+    std::size_t i = 0;
+    std::size_t j = 0;
+
+    bool ended() const { return items == 0 || i == indices; }
+    void step() {
+        if (++j == items) {
+            ++i;
+            j = 0;
+        }
+    }
+};
+
+/// Two tables being combined under a template.
+struct Combination {
+    TableImplementation const* left;
+    TableImplementation const* right;
+    TableImplementation const* templ;
+    Ptr<Table> computed;
+    Position at{left->indices(), left->items()};
+
+    static Combination begin(TableImplementation const& left, TableImplementation const& right,
+                             TableImplementation const& templ, Str const& op) {
+        if (Status const shape = left.checkShape(right); !shape.ok()) {
+            raise(prefixed("Left and Right operands ", shape));
+        }
+        if (Status const shape = left.checkShape(templ); !shape.ok()) {
+            raise(prefixed("Template and operands ", shape));
+        }
+        return {&left, &right, &templ, makePtr<Table>(op + " operation ")};
+    }
+
+    auto key() const { return std::tuple(left, right, templ); }
+
+    /// Computes cells up to the next nested tables and begins with those.
+    std::optional<Combination> advance(Str const& op) {
+        while (!at.ended()) {
+            Cell const& cell = left->get(at.i, at.j);
+            Cell const& other = right->get(at.i, at.j);
+            Cell const& guide = templ->get(at.i, at.j);
+            if (Table const* const nested = nestedIn(guide)) {
+                return beginNested(cell, other, *nested, op);
+            }
+            put(isMarker(guide) ? cell.operation(other, op) : cell);
+        }
+        return std::nullopt;
+    }
+
+    void put(Cell const& cell) {
+        TableImplementation::made(computed).at(at.i, at.j) = cell;
+        at.step();
+    }
+
+private:
+    Combination beginNested(Cell const& cell, Cell const& other, Table const& guide,
+                            Str const& op) const {
+        if (!areTables(cell, other)) {
+            raise(expectedTable(at.i, at.j));
+        }
+        return begin(nestedBody(cell), nestedBody(other), TableImplementation::of(guide), op);
+    }
+};
+
+/// Two tables of one shape that a template is made from.
+struct Sampling {
+    TableImplementation const* left;
+    TableImplementation const* right;
+    Ptr<Table> templ = makePtr<Table>();
+    Position at{left->indices(), left->items()};
+
+    auto key() const { return std::pair(left, right); }
+
+    /// Marks cells up to the next nested tables and begins with those. Ends where they differ in shape,
+    /// which `status` then says.
+    std::optional<Sampling> advance(Status& status, Cell const& mark) {
+        while (status.ok() && !at.ended()) {
+            Cell const& cell = left->get(at.i, at.j);
+            Cell const& other = right->get(at.i, at.j);
+            if (areTables(cell, other)) {
+                Sampling nested{&nestedBody(cell), &nestedBody(other)};
+                status = nested.left->checkShape(*nested.right);
+                if (status.ok()) {
+                    return nested;
+                }
+                put(Cell());
+                break;
+            }
+            bool const numbers = cell.isA() == Cell::NumericCell && other.isA() == Cell::NumericCell;
+            put(numbers ? mark : Cell());
+        }
+        return std::nullopt;
+    }
+
+    void put(Cell const& cell) {
+        TableImplementation::made(templ).at(at.i, at.j) = cell;
+        at.step();
+    }
+};
+
+/// A table being summed under a template.
+struct Summation {
+    using Key = std::pair<TableImplementation const*, TableImplementation const*>;
+    using Sums = std::map<Key, double>;
+
+    TableImplementation const* data;
+    TableImplementation const* templ;
+    bool repeats; // the two may be met together again
+    double sum = 0;
+    Position at{templ->indices(), templ->items()};
+
+    static Summation begin(TableImplementation const& data, TableImplementation const& templ,
+                           bool repeats) {
+        if (templ.indices() > data.indices()) {
+            raise("Number of indices in template exceeds original data set");
+        }
+        if (templ.items() > data.items()) {
+            raise("Number of items in template exceeds original data set");
+        }
+        return {&data, &templ, repeats};
+    }
+
+    Key key() const { return {data, templ}; }
+
+    /// Adds cells to `total` up to the next nested tables whose sum is not known and begins with those.
+    std::optional<Summation> advance(Str const& op, Sums const& known, double& total) {
+        for (; !at.ended(); at.step()) {
+            Cell const& cell = data->get(at.i, at.j);
+            Cell const& guide = templ->get(at.i, at.j);
+            if (guide.isA() == Cell::TableCell) {
+                Summation nested = beginNested(cell, guide);
+                auto const met = known.find(nested.key());
+                if (met == known.end()) {
+                    return nested;
+                }
+                add(op, met->second, total);
+            } else if (isMarker(guide)) {
+                double value = 0; // stays so for a cell that is no number
+                cell.get(value);
+                add(op, value, total);
+            }
+        }
+        return std::nullopt;
+    }
+
+    static void add(Str const& op, double value, double& total) {
+        if (!(op == "+")) {
+            raise("Unsupported Unary operation");
+        }
+        total += value;
+    }
+
+private:
+    static Summation beginNested(Cell const& cell, Cell const& guide) {
+        if (cell.isA() != Cell::TableCell) {
+            raise("Mismatched table structure");
+        }
+        bool const repeats = TableImplementation::isShared(cell) && TableImplementation::isShared(guide);
+        return begin(nestedBody(cell), nestedBody(guide), repeats);
+    }
+};
+
 } // namespace
 
 Status TableImplementation::checkShape(TableImplementation const& other) const {
@@ -49,34 +220,14 @@ Status TableImplementation::checkShape(TableImplementation const& other) const {
 
 Status TableImplementation::operation(TableImplementation const& right, Str const& op,
                                       TableImplementation const& templ, Ptr<Table>& result) const {
-    if (Status const shape = checkShape(right); !shape.ok()) {
-        raise(prefixed("Left and Right operands ", shape));
-    }
-    if (Status const shape = checkShape(templ); !shape.ok()) {
-        raise(prefixed("Template and operands ", shape));
-    }
     Ptr<Table> const former = result; // `op` may be its name
-    Ptr<Table> const table = makePtr<Table>(op + " operation ");
-    result = table;
-    TableImplementation& computed = made(table);
-    std::size_t const width = items();
-    for (std::size_t i = 0; i < indices(); ++i) {
-        for (std::size_t j = 0; j < width; ++j) {
-            Cell const& cell = get(i, j);
-            Cell const& other = right.get(i, j);
-            Cell const& guide = templ.get(i, j);
-            if (guide.isA() != Cell::TableCell) {
-                computed.at(i, j) = isMarker(guide) ? cell.operation(other, op) : cell;
-                continue;
-            }
-            if (!areTables(cell, other)) {
-                raise(expectedTable(i, j));
-            }
-            Ptr<Table> nested;
-            of(*tableOf(cell)).operation(of(*tableOf(other)), op, of(*tableOf(guide)), nested);
-            computed.at(i, j) = Cell(nested);
-        }
-    }
+    Combination root = Combination::begin(*this, right, templ, op);
+    result = root.computed;
+    descend(
+        std::move(root), [&](Descent<Combination>& descent) { return descent.back().advance(op); },
+        [](Descent<Combination>& descent, Combination const& done) {
+            descent.back().put(Cell(done.computed));
+        });
     return Status();
 }
 
@@ -85,60 +236,35 @@ Status TableImplementation::makeTemplate(TableImplementation const& other, Ptr<T
     if (!status.ok()) {
         return status;
     }
-    Ptr<Table> const table = makePtr<Table>();
-    result = table;
-    TableImplementation& templ = made(table);
-    Cell const mark{Str("%D")};
-    std::size_t const width = items();
-    for (std::size_t i = 0; i < indices(); ++i) {
-        for (std::size_t j = 0; j < width; ++j) {
-            Cell const& left = get(i, j);
-            Cell const& right = other.get(i, j);
-            Cell& place = templ.at(i, j);
-            if (areTables(left, right)) {
-                Ptr<Table> nested;
-                status = of(*tableOf(left)).makeTemplate(of(*tableOf(right)), nested);
-                if (!status.ok()) {
-                    return status;
-                }
-                place = Cell(nested);
-            } else if (left.isA() == Cell::NumericCell && right.isA() == Cell::NumericCell) {
-                place = mark;
-            }
-        }
-    }
+    Cell const mark{Str(marker)};
+    Sampling root{this, &other};
+    result = root.templ;
+    descend(
+        std::move(root),
+        [&](Descent<Sampling>& descent) { return descent.back().advance(status, mark); },
+        [&](Descent<Sampling>& descent, Sampling const& done) {
+            descent.back().put(status.ok() ? Cell(done.templ) : Cell());
+        });
     return status;
 }
 
 Status TableImplementation::unaryOperation(Str const& op, TableImplementation const& templ,
                                            double& total) const {
-    if (templ.indices() > indices()) {
-        raise("Number of indices in template exceeds original data set");
-    }
-    std::size_t const width = templ.items();
-    if (width > items()) {
-        raise("Number of items in template exceeds original data set");
-    }
-    for (std::size_t i = 0; i < templ.indices(); ++i) {
-        for (std::size_t j = 0; j < width; ++j) {
-            Cell const& guide = templ.get(i, j);
-            double value = 0; // stays so for a cell that is no number
-            if (guide.isA() == Cell::TableCell) {
-                if (get(i, j).isA() != Cell::TableCell) {
-                    raise("Mismatched table structure");
-                }
-                of(*tableOf(get(i, j))).unaryOperation(op, of(*tableOf(guide)), value);
-            } else if (isMarker(guide)) {
-                get(i, j).get(value);
-            } else {
-                continue;
-            }
-            if (!(op == "+")) {
-                raise("Unsupported Unary operation");
-            }
-            total += value;
+    Summation::Sums known; // a table can be reached along 2^depth ways
+    auto const sumOf = [&](Descent<Summation>& descent) -> double& {
+        return descent.size() == 1 ? total : descent.back().sum; // `total` counts also when this raises
+    };
+    auto const advance = [&](Descent<Summation>& descent) {
+        return descent.back().advance(op, known, sumOf(descent));
+    };
+    auto const finish = [&](Descent<Summation>& descent, Summation const& done) {
+        if (done.repeats) {
+            known.emplace(done.key(), done.sum);
         }
-    }
+        Summation::add(op, done.sum, sumOf(descent));
+        descent.back().at.step();
+    };
+    descend(Summation::begin(*this, templ, false), advance, finish);
     return Status();
 }
 

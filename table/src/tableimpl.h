@@ -91,6 +91,9 @@ public:
     /// Adds the sum of the marked cells to `total`.
     Status unaryOperation(Str const& op, TableImplementation const& templ, double& total) const;
 
+    /// Ok when both tables have as many indices and, at most, as many items.
+    Status checkShape(TableImplementation const& other) const;
+
     /// The data body of a table; an empty one when it has none.
     static TableImplementation const& of(Table const& table);
     /// The data body that stands for a table without one.
@@ -130,8 +133,6 @@ private:
     /// One filter condition: index k of `conditions`, applied to this table.
     Status filterStep(TableImplementation const& conditions, std::size_t k, Ptr<Table>& result,
                       bool keepEmpty, bool exclude) const;
-    /// Ok when both tables have as many indices and, at most, as many items.
-    Status checkShape(TableImplementation const& other) const;
 
     /// The cell at a position other than npos; grows the table to it or, if that fails, leaves it as it
     /// was.
