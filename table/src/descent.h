@@ -14,6 +14,11 @@ namespace QX {
 template <typename Walk>
 using Descent = std::vector<Walk>;
 
+/// Raises the failure of a descent that would never end.
+[[noreturn]] inline void raiseEndless(int line = __builtin_LINE()) {
+    raise("Table contains itself", line);
+}
+
 /// Walks a table and the tables nested in it, to any depth, without a call for each level.
 ///
 /// `advance(descent)` goes on with the innermost walk and returns the walk of the next nested table, or
@@ -32,7 +37,7 @@ Walk descend(Walk root, Advance const& advance, Finish const& finish) {
     for (;;) {
         if (std::optional<Walk> nested = advance(descent)) {
             if (nested->key() == descent[std::bit_floor(descent.size()) - 1].key()) {
-                raise("Table contains itself");
+                raiseEndless();
             }
             descent.push_back(std::move(*nested));
             continue;

@@ -1,6 +1,7 @@
 #include "table/src/descent.h"
 #include "table/src/tableimpl.h"
 
+#include <bit>
 #include <ostream>
 #include <typeinfo>
 
@@ -60,9 +61,38 @@ struct Display {
     }
 };
 
+/// A display that is under way in this thread. One begins inside another where a derived class displays itself
+/// by calls of its own, which take up the stack.
+class Call {
+public:
+    explicit Call(TableImplementation const* body)
+        : body_(body), outer_(innermost), depth_(outer_ == nullptr ? 1 : outer_->depth_ + 1),
+          anchor_(outer_ == nullptr || std::has_single_bit(outer_->depth_) ? outer_ : outer_->anchor_) {
+        constexpr unsigned many = 500; // a class that limits its depth by itself may return before
+        if (depth_ > many && body_ == anchor_->body_) {
+            raiseEndless();
+        }
+        innermost = this;
+    }
+    Call(Call const&) = delete;
+    Call& operator=(Call const&) = delete;
+    ~Call() { innermost = outer_; }
+
+private:
+    static thread_local Call const* innermost;
+
+    TableImplementation const* body_;
+    Call const* outer_;
+    unsigned depth_;
+    Call const* anchor_; // the one at the last power of two
+};
+
+thread_local constinit Call const* Call::innermost = nullptr;
+
 } // namespace
 
 std::ostream& TableImplementation::display(std::ostream& os, int number) const {
+    Call const call(this);
     auto const advance = [&](Descent<Display>& descent) -> std::optional<Display> {
         Display& walk = descent.back();
         while (Table const* const table = walk.nextNested()) {

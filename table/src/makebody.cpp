@@ -13,25 +13,39 @@ struct CountedBody final : PtrRefCount, Pooled {
     CountedBody* next = nullptr;
 };
 
+// Memory of a thread's own may be allocated when the thread first uses it, which releasing a table must not
+// do; this model sets it aside when the library is loaded.
+#if defined(__GLIBC__)
+#define QX_SET_ASIDE [[gnu::tls_model("initial-exec")]]
+#else
+#define QX_SET_ASIDE
+#endif
+
+/// What is being deleted by a thread.
+struct Deletion {
+    CountedBody* waiting;
+    bool underWay;
+};
+
+QX_SET_ASIDE thread_local constinit Deletion deletion{nullptr, false};
+
 /// Deletes a body and, one after the other, all bodies whose last handles go with it. Tables nest to any depth,
 /// so that a body must not be deleted from within the deletion of the one that holds it.
 void deleteBody(PtrRefCount* block, void* /*object: a part of the block*/) {
-    thread_local CountedBody* waiting = nullptr;
-    thread_local bool deleting = false;
     Detail::requireReleased(*block);
     auto* const last = static_cast<CountedBody*>(block);
-    last->next = waiting;
-    waiting = last;
-    if (deleting) {
+    last->next = deletion.waiting;
+    deletion.waiting = last;
+    if (deletion.underWay) {
         return;
     }
-    deleting = true;
-    while (waiting != nullptr) {
-        CountedBody const* const body = waiting;
-        waiting = body->next;
+    deletion.underWay = true;
+    while (deletion.waiting != nullptr) {
+        CountedBody const* const body = deletion.waiting;
+        deletion.waiting = body->next;
         delete body;
     }
-    deleting = false;
+    deletion.underWay = false;
 }
 
 } // namespace
