@@ -11,6 +11,6 @@ int main() {
     outer.at("inside", 1) = again;
 
     std::cout << (outer.check() ? "sound" : "contains itself") << '\n';
-    outer.at("inside", 1) = QX::Cell(); // neither printed nor cloned before this
+    outer.at("inside", 1) = QX::Cell(); // the circle is broken
     std::cout << (outer.check() ? "sound" : "contains itself") << '\n';
 }

@@ -88,7 +88,8 @@ public:
     template <typename T, typename = std::enable_if_t<std::is_convertible<T*, Table*>::value>>
     Cell(Ptr<T> const& table) : Cell(Ptr<Table>(table)) {}
     /// Makes a table cell that holds its own deep copy of `table`, as Table::clone() makes it. A null
-    /// handle, or a table without a data body, gives a new empty table named "Null Table".
+    /// handle, or a table without a data body, gives a new empty table named "Null Table". Raises Except
+    /// "Table contains itself" as clone() does.
     Cell(Ptr<Table const> const& table);
     /// Releases the body.
     virtual ~Cell() {}

@@ -21,8 +21,13 @@ class TableImplementation;
 ///           1 <price> 3 4 5                    index 1: t.at("price", 2) is 4
 ///
 /// Item 0 of an index is its name. Items at one position across all indices form a row; row 0 is the row
-/// of names. Indices may differ in length and may even lack a name. A cell may hold another table, so
-/// tables nest to any depth.
+/// of names. Indices may differ in length and may even lack a name. A cell may hold another table.
+///
+/// Tables nest to any depth: nothing here takes more of the stack for a deeper table, releasing one
+/// allocates nothing, and costs are linear in the depth. A table may contain itself, but is then never
+/// given back. Where a descent would have no end for it, clone(), display(), compare(), match(),
+/// overlay(), operation(), makeTemplate() and unaryOperation() raise Except "Table contains itself";
+/// inputs are then as before, and `result` holds what it did or what was computed so far.
 ///
 /// A Table is a handle over two shared bodies: the data, and a table of attributes that holds named
 /// values about it. Copying a Table shares both bodies: a change made through one handle is seen through
@@ -125,8 +130,8 @@ public:
     /// Cost: linear in the cells, each body walked once.
     bool check() const;
 
-    /// Makes a deep copy, attributes included: nested tables are copied with it, other cell bodies
-    /// shared.
+    /// Makes a deep copy, attributes included: nested tables are copied with it, theirs too, other cell
+    /// bodies shared.
     ///
     /// The copies are plain Tables, also those of a derived class. Every index of the copy has as many
     /// items as the longest, the added ones empty; a table without items gives a copy without indices. A
@@ -457,7 +462,9 @@ public:
     /// The line of an index ends with a blank (not shown here), unless it has no items: then it is "<>".
     /// Every line ends with a newline and a flush. Cells are written by Cell::display(), numbers under
     /// the stream's own formatting. A handle without a data body writes "Null table" and a newline. A
-    /// derived class may override it: nested tables are written through this virtual call.
+    /// derived class may override it: nested tables are written through this virtual call. An override
+    /// that calls this one takes up the stack for each such table on the way down; coming back to one
+    /// more than 500 calls down raises "Table contains itself".
     virtual std::ostream& display(std::ostream& os, int number = -1) const;
 
 protected:

@@ -11,8 +11,8 @@ namespace QX {
 
 namespace {
 
-/// A pair of tables being compared: first at the positions that the left one has; then, in reverse, at those
-/// that only the right one has.
+/// A pair of tables being compared: first at the positions that the left one has; then, in reverse, at
+/// those that only the right one has.
 struct Pair {
     TableImplementation const* left;
     TableImplementation const* right;
@@ -39,7 +39,7 @@ struct Pair {
         return name;
     }
 
-    /// Finds the far table's index for index i: that of its name or, without a name, the one at its position.
+    /// Finds the far table's index for index i: that of its name or, without a name, of its position.
     void pairIndex() {
         Str const text = name();
         std::size_t const position = i < far().indices() ? i : Table::npos;
@@ -158,7 +158,8 @@ private:
         }
     }
 
-    /// The text that locates the item that was reached; only a named index carries the place of the outer item.
+    /// The text that locates the item that was reached; only a named index carries the place of the outer
+    /// item.
     static std::string place(Descent<Pair> const& descent) {
         std::size_t first = descent.size() - 1;
         while (first > 0 && !descent[first].name().empty()) {

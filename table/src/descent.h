@@ -25,10 +25,10 @@ using Descent = std::vector<Walk>;
 /// nothing at its end. `finish(descent, done)` then hands the walk that has ended to the one around it,
 /// which is the innermost again. Returns the walk of the table itself, at its end.
 ///
-/// Raises "Table contains itself" when the descent would never end. What a walk does is a function of its
-/// key(), so the keys along an endless descent come to repeat with a period, and comparing each with the one
-/// at the last power of two finds that within a few periods. An equal key on the way down is never met
-/// otherwise.
+/// Raises "Table contains itself" when the descent would never end. What a walk does is a function of
+/// its key(), so an equal key on the way down is met then only. The keys along an endless descent come
+/// to repeat with a period, which comparing each with the one at the last power of two finds within a
+/// few rounds.
 template <typename Walk, typename Advance, typename Finish>
 Walk descend(Walk root, Advance const& advance, Finish const& finish) {
     Descent<Walk> descent;

@@ -61,8 +61,8 @@ struct Display {
     }
 };
 
-/// A display that is under way in this thread. One begins inside another where a derived class displays itself
-/// by calls of its own, which take up the stack.
+/// A display that is under way in this thread. One begins inside another where a derived class displays
+/// itself by calls of its own, which take up the stack.
 class Call {
 public:
     explicit Call(TableImplementation const* body)

@@ -13,8 +13,8 @@ struct CountedBody final : PtrRefCount, Pooled {
     CountedBody* next = nullptr;
 };
 
-// Memory of a thread's own may be allocated when the thread first uses it, which releasing a table must not
-// do; this model sets it aside when the library is loaded.
+// Memory of a thread's own may be allocated when the thread first uses it, which releasing a table must
+// not do; this model sets it aside when the library is loaded.
 #if defined(__GLIBC__)
 #define QX_SET_ASIDE [[gnu::tls_model("initial-exec")]]
 #else

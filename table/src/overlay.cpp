@@ -51,8 +51,9 @@ private:
 
 /// Knows the tables of a result by what they were made of.
 ///
-/// Two operand indices of one name are laid over each other, the second over a table that the first has just
-/// made. Such tables are new at every level of an endless descent; those made of the same tables behave alike.
+/// Two operand indices of one name are laid over each other, the second over a table that the first has
+/// just made. Such tables are new at every level of an endless descent; those made of the same tables
+/// behave alike.
 class Origins {
 public:
     /// True once a table that was just made lies beneath; until then none needs to be known.

@@ -119,8 +119,8 @@ public:
 private:
     /// A copy of an index with empty cells added up to `width` items.
     static Index padded(Index const& index, std::size_t width);
-    /// Goes on with filling the copy of this body, which becomes `width` wide, up to the next nested table; that
-    /// one's copy is to be added by the caller. Null at the end.
+    /// Goes on with filling the copy of this body, which becomes `width` wide, up to the next nested
+    /// table, whose copy the caller is to add. Null at the end.
     Table const* cloneCells(TableImplementation& copy, std::size_t width) const;
     /// Writes this table behind its nested tables, which were numbered from `number` + 1.
     void displayOwn(std::ostream& os, int number) const;
