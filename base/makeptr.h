@@ -24,10 +24,16 @@ void deleteCounted(PtrRefCount* block, void* /*object: a part of the block*/) {
     delete static_cast<Counted<T>*>(block);
 }
 
+/// Makes an object of class T with a block of count 1.
+template <typename T, typename... Args>
+Counted<T>* makeCounted(Args&&... args) {
+    return new Counted<T>(&deleteCounted<T>, std::forward<Args>(args)...);
+}
+
 /// Makes an object of class T and the first handle to it.
 template <typename T, typename... Args>
 Ptr<T> makePtr(Args&&... args) {
-    auto* const counted = new Counted<T>(&deleteCounted<T>, std::forward<Args>(args)...);
+    Counted<T>* const counted = makeCounted<T>(std::forward<Args>(args)...);
     return Ptr<T>(&counted->object, counted);
 }
 

@@ -1,8 +1,8 @@
 #include "qx/cell.h"
 
-#include "base/immortal.h"
 #include "base/makeptr.h"
 #include "base/strview.h"
+#include "cell/cellbody.h"
 #include "cell/cellempty.h"
 #include "cell/cellerror.h"
 #include "cell/cellnumeric.h"
@@ -12,12 +12,13 @@
 
 #include <ostream>
 #include <string_view>
+#include <utility>
 
 namespace QX {
 
 namespace {
 
-constinit Immortal<CellEmpty> const emptyBody;
+using Detail::CellContent;
 
 /// True for "#Err: " or "#Critical: " in any letter case, whatever follows.
 bool isErrorText(Str const& text) {
@@ -25,104 +26,108 @@ bool isErrorText(Str const& text) {
            Str("#Critical: ").comparePrefix(text, true, 1) == 0;
 }
 
-Ptr<CellImplementation> bodyOf(Str const& text) {
+/// The first share of a new body.
+template <typename Body, typename... Args>
+CellContent share(Cell::CellType kind, Args&&... args) {
+    Counted<Body>* const counted = makeCounted<Body>(std::forward<Args>(args)...);
+    return CellContent(&counted->object, counted, kind);
+}
+
+CellContent contentOf(Str const& text) {
     std::string_view const view = viewOf(text);
     AnalyticDouble const number = readNumber(view);
     if (number.isValid()) {
-        return makePtr<CellNumeric>(number);
+        return CellContent(number.get(), true);
     }
     if (view.starts_with('#') && isErrorText(text)) {
-        return makePtr<CellError>(Status(text, Status::Error, -1));
+        return share<CellError>(Cell::ErrorCell, Status(text, Status::Error, -1));
     }
     if (view == emptyText) {
-        return Ptr<CellImplementation>();
+        return CellContent();
     }
-    return makePtr<CellString>(text);
+    return share<CellString>(Cell::StringCell, text);
 }
 
 } // namespace
 
-Cell::Cell(Str const& text) : body_(bodyOf(text)) {
+Cell::Cell(Str const& text) : content_(contentOf(text)) {
 }
 
-Cell::Cell(double value) : body_(makePtr<CellNumeric>(validNumber(value))) {
+Cell::Cell(Ptr<CellImplementation> const& body) noexcept {
+    if (!body) {
+        return;
+    }
+    if (body->isA() == NumericCell) {
+        content_ = CellContent(static_cast<CellNumeric const&>(*body).value());
+    } else if (body->isA() != EmptyCell) {
+        body.block()->increment();
+        content_ = CellContent(body.get(), body.block(), body->isA());
+    }
 }
 
-Cell::Cell(AnalyticDouble const& value) : body_(makePtr<CellNumeric>(value)) {
+Cell::Cell(Status const& status) : content_(share<CellError>(ErrorCell, status)) {
 }
 
-Cell::Cell(Status const& status) : body_(makePtr<CellError>(status)) {
+Cell::Cell(Ptr<Table> const& table) : content_(share<CellTable>(TableCell, table)) {
 }
 
-Cell::Cell(Ptr<Table> const& table) : body_(makePtr<CellTable>(table)) {
-}
-
-Cell::Cell(Ptr<Table const> const& table) : body_(makePtr<CellTable>(table)) {
-}
-
-CellImplementation const& Cell::body() const {
-    CellImplementation const* const held = body_.get();
-    return held != nullptr ? *held : emptyBody.object;
-}
-
-Cell::CellType Cell::isA() const {
-    return body().isA();
+Cell::Cell(Ptr<Table const> const& table) : content_(share<CellTable>(TableCell, table)) {
 }
 
 bool Cell::empty() const {
-    return body().empty();
+    return CellBody(*this)->empty();
 }
 
 Status Cell::get(double& out) const {
-    return body().get(out);
+    return CellBody(*this)->get(out);
 }
 
 Status Cell::get(AnalyticDouble& out) const {
-    return body().get(out);
+    return CellBody(*this)->get(out);
 }
 
 Status Cell::get(int& out) const {
-    return body().get(out);
+    return CellBody(*this)->get(out);
 }
 
 Status Cell::get(bool& out) const {
-    return body().get(out);
+    return CellBody(*this)->get(out);
 }
 
 Status Cell::get(Str& out, int precision) const {
-    return body().get(out, precision);
+    return CellBody(*this)->get(out, precision);
 }
 
 Status Cell::get(Status& out) const {
-    return body().get(out);
+    return CellBody(*this)->get(out);
 }
 
 Status Cell::get(Ptr<Table>& out) const {
-    return body().get(out);
+    return CellBody(*this)->get(out);
 }
 
 Status Cell::get(Ptr<Table const>& out) const {
-    return body().get(out);
+    return CellBody(*this)->get(out);
 }
 
 Status Cell::get(Date& out) const {
-    return body().get(out);
+    return CellBody(*this)->get(out);
 }
 
 std::ostream& Cell::display(std::ostream& os) const {
-    return body().display(os);
+    return CellBody(*this)->display(os);
 }
 
 bool Cell::compare(Cell const& other, bool flag) const {
-    return body().compare(other.body(), flag);
+    return CellBody(*this)->compare(*CellBody(other), flag);
 }
 
 bool Cell::operator<(Cell const& other) const {
-    return body().lessThan(other.body());
+    return CellBody(*this)->lessThan(*CellBody(other));
 }
 
 Cell const Cell::operation(Cell const& other, Str const& op) const {
-    return body().operation(other, op);
+    return CellBody(*this)->operation(other, op);
 }
 
 std::ostream& operator<<(std::ostream& os, Cell const& cell) {

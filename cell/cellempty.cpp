@@ -1,10 +1,21 @@
 #include "cell/cellempty.h"
 
+#include "base/immortal.h"
 #include "base/makeptr.h"
 
 #include <ostream>
 
 namespace QX {
+
+namespace {
+
+constinit Immortal<CellEmpty> const sharedBody;
+
+} // namespace
+
+CellEmpty const& CellEmpty::shared() {
+    return sharedBody.object;
+}
 
 bool CellEmpty::compare(CellImplementation const& other, bool /*flag*/) const {
     return other.empty();

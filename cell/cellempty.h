@@ -14,6 +14,9 @@ class CellEmpty final : public CellImplementation {
 public:
     using CellImplementation::get;
 
+    /// The body that stands for those of all empty cells.
+    static CellEmpty const& shared();
+
     bool compare(CellImplementation const& other, bool flag) const override;
     Ptr<CellImplementation> clone() const override;
     std::ostream& display(std::ostream& os) const override;

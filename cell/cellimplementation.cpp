@@ -11,8 +11,6 @@ Status notSupported(char const* target) {
 
 } // namespace
 
-CellImplementation::~CellImplementation() = default;
-
 Status CellImplementation::get(Date& /*out*/) const {
     return notSupported("date");
 }

@@ -11,12 +11,10 @@ public:
     CellImplementation() = default;
     CellImplementation(CellImplementation const&) = delete;
     CellImplementation& operator=(CellImplementation const&) = delete;
-    virtual ~CellImplementation();
+    virtual ~CellImplementation() = default;
 
-    /// The body of a cell; that of all empty cells when it has none.
-    static CellImplementation const& of(Cell const& cell) { return cell.body(); }
-    /// The number of cells that share the body of a cell.
-    static std::uint32_t owners(Cell const& cell) { return cell.body_.useCount(); }
+    /// What a cell holds.
+    static Detail::CellContent const& contentOf(Cell const& cell) { return cell.content_; }
 
     virtual bool compare(CellImplementation const& other, bool flag) const = 0;
     /// A new body of this one's own; a table body's has an empty table of the same name, an error body's

@@ -1,7 +1,6 @@
 #include "cell/cellvalue.h"
 
 #include "base/strview.h"
-#include "cell/cellnumeric.h"
 #include "cell/cellstring.h"
 #include "cell/celltable.h"
 
@@ -9,35 +8,49 @@
 
 namespace QX {
 
+namespace {
+
+template <typename Body>
+Body const& bodyOf(Cell const& cell) {
+    return static_cast<Body const&>(*CellImplementation::contentOf(cell).body());
+}
+
+} // namespace
+
+std::string_view textOf(Cell const& cell) {
+    return viewOf(bodyOf<CellString>(cell).text());
+}
+
+Table const* nestedIn(Cell const& cell) {
+    return cell.isA() == Cell::TableCell ? bodyOf<CellTable>(cell).table() : nullptr;
+}
+
 CellValue valueOf(Cell const& cell) {
     CellValue value;
-    CellImplementation const& body = CellImplementation::of(cell);
-    value.kind = body.isA();
+    value.kind = cell.isA();
     switch (value.kind) {
     case Cell::EmptyCell:
     case Cell::ErrorCell:
         break;
     case Cell::StringCell:
-        value.text = viewOf(static_cast<CellString const&>(body).text());
+        value.text = textOf(cell);
         break;
     case Cell::NumericCell:
-        value.number = static_cast<CellNumeric const&>(body).value();
+        value.number = numberOf(cell);
         break;
     case Cell::TableCell:
-        value.table = static_cast<CellTable const&>(body).table();
+        value.table = nestedIn(cell);
         break;
     }
     return value;
 }
 
 std::uint32_t ownersOf(Cell const& cell) {
-    CellImplementation const& body = CellImplementation::of(cell);
-    return std::max(CellImplementation::owners(cell), static_cast<CellTable const&>(body).owners());
+    return std::max(CellImplementation::contentOf(cell).owners(), bodyOf<CellTable>(cell).owners());
 }
 
 bool isDate(Cell const& cell) {
-    CellImplementation const& body = CellImplementation::of(cell);
-    return body.isA() == Cell::StringCell && static_cast<CellString const&>(body).date().isValid();
+    return cell.isA() == Cell::StringCell && bodyOf<CellString>(cell).date().isValid();
 }
 
 } // namespace QX

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qx/cell.h"
+#include "cell/cellimplementation.h"
 
 #include <cstdint>
 #include <string_view>
@@ -15,6 +15,21 @@ struct CellValue {
     AnalyticDouble number;        ///< of a numeric cell
     Table const* table = nullptr; ///< of a table cell
 };
+
+/// The number of a numeric cell.
+inline AnalyticDouble numberOf(Cell const& cell) {
+    Detail::CellContent const& content = CellImplementation::contentOf(cell);
+    AnalyticDouble number;
+    number.value = content.number();
+    number.valid = content.isValid();
+    return number;
+}
+
+/// The text of a string cell.
+std::string_view textOf(Cell const& cell);
+
+/// The nested table of a table cell without a handle of its own; null for every other cell.
+Table const* nestedIn(Cell const& cell);
 
 /// Looks at `cell`.
 CellValue valueOf(Cell const& cell);

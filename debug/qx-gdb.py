@@ -65,22 +65,29 @@ def summary(body):
     return f"{quoted(body['name_'])} ({len(lengths)} x {max(lengths, default=0)})"
 
 
+KINDS = ("empty", "text", "number", "table", "error")
+
+
+def kind_of(cell):
+    """The kind of a QX::Cell, by a word of KINDS."""
+    return KINDS[int(cell["content_"]["tag_"]) & 7]
+
+
 def body_of(cell):
-    """The body of a QX::Cell, as the class that it really is; None for an empty cell."""
-    if is_null(cell["body_"]):
-        return None
-    pointer = cell["body_"]["object_"]
+    """The body of a QX::Cell that has one, as the class that it really is."""
+    pointer = cell["content_"]["payload_"]["body"]
     return pointer.cast(pointer.dynamic_type).dereference()
 
 
-def class_of(body):
-    """The name of a cell body's class."""
-    return "CellEmpty" if body is None else body.type.name.rpartition("::")[2]
+def number_text(number, valid):
+    """A number that a QX::AnalyticDouble or a QX::Cell holds."""
+    return str(number) + ("" if valid else " (not valid)")
 
 
-def number_text(number):
-    """A QX::AnalyticDouble."""
-    return str(number["value"]) + ("" if number["valid"] else " (not valid)")
+def cell_number(cell):
+    """The number that a numeric QX::Cell holds."""
+    content = cell["content_"]
+    return number_text(content["payload_"]["number"], int(content["tag_"]) & 8)
 
 
 def table_text(handle):
@@ -134,11 +141,11 @@ class CellPrinter:
     """What a cell holds; a nested table only by its name and shape, since tables may contain themselves."""
 
     TEXTS = {
-        "CellEmpty": lambda body: "empty",
-        "CellString": lambda body: quoted(body["text_"]),
-        "CellNumeric": lambda body: number_text(body["value_"]),
-        "CellTable": lambda body: table_text(body["table_"]),
-        "CellError": lambda body: "error " + quoted(body["status_"]["text_"]),
+        "empty": lambda cell: "empty",
+        "text": lambda cell: quoted(body_of(cell)["text_"]),
+        "number": cell_number,
+        "table": lambda cell: table_text(body_of(cell)["table_"]),
+        "error": lambda cell: "error " + quoted(body_of(cell)["status_"]["text_"]),
     }
 
     def __init__(self, value):
@@ -146,8 +153,7 @@ class CellPrinter:
 
     def to_string(self):
         try:
-            body = body_of(self.value)
-            return self.TEXTS[class_of(body)](body)
+            return self.TEXTS[kind_of(self.value)](self.value)
         except (gdb.error, KeyError):
             return "not readable, or without debug information"
 
@@ -206,10 +212,9 @@ class NestedTable(gdb.Function):
         super().__init__("qx_table")
 
     def invoke(self, cell):
-        body = body_of(cell)
-        if class_of(body) != "CellTable":
+        if kind_of(cell) != "table":
             raise gdb.GdbError("The cell holds no table")
-        return body["table_"]["object_"].dereference()
+        return body_of(cell)["table_"]["object_"].dereference()
 
 
 class CellAt(gdb.Function):

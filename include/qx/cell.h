@@ -7,6 +7,7 @@
 #include "qxbase/str.h"
 #include "qxdatetime/date.h"
 
+#include <cstdint>
 #include <iosfwd>
 #include <type_traits>
 #include <utility>
@@ -16,12 +17,89 @@ namespace QX {
 class CellImplementation;
 class Table;
 
+namespace Detail {
+
+/// What a cell holds: nothing, a number in place, or a share of a body.
+class CellContent {
+public:
+    /// Holds nothing.
+    CellContent() noexcept : tag_(0), payload_() {}
+    /// Holds a number.
+    explicit CellContent(AnalyticDouble const& number) noexcept
+        : CellContent(number.get(), number.isValid()) {}
+    CellContent(double number, bool valid) noexcept : tag_(numeric | (valid ? validMark : 0)) {
+        payload_.number = number;
+    }
+    /// Takes over one count of a body's block; `kind` is the kind of the body, neither empty nor numeric.
+    CellContent(CellImplementation* body, PtrRefCount* block, unsigned kind) noexcept
+        : tag_(reinterpret_cast<std::uintptr_t>(block) | kind) {
+        static_assert(alignof(PtrRefCount) > kindMask,
+                      "the kind is kept in the free bits of an address");
+        payload_.body = body;
+    }
+    CellContent(CellContent const& other) noexcept : tag_(other.tag_), payload_(other.payload_) {
+        if (isShared()) {
+            block()->increment();
+        }
+    }
+    CellContent(CellContent&& other) noexcept
+        : tag_(std::exchange(other.tag_, 0)), payload_(other.payload_) {}
+    ~CellContent() {
+        if (isShared() && block()->decrement()) {
+            block()->remove(payload_.body);
+        }
+    }
+    CellContent& operator=(CellContent const& other) noexcept {
+        CellContent copy(other);
+        swap(copy);
+        return *this;
+    }
+    CellContent& operator=(CellContent&& other) noexcept {
+        CellContent taken(std::move(other));
+        swap(taken);
+        return *this;
+    }
+
+    /// The kind, as Cell::CellType numbers it.
+    unsigned kind() const noexcept { return static_cast<unsigned>(tag_ & kindMask); }
+    /// The number of a numeric cell.
+    double number() const noexcept { return payload_.number; }
+    /// Whether that number is valid.
+    bool isValid() const noexcept { return (tag_ & validMark) != 0; }
+    /// The body; only if there is one.
+    CellImplementation* body() const noexcept { return payload_.body; }
+    /// The number of cells that share the body; 0 without a body.
+    std::uint32_t owners() const noexcept { return isShared() ? block()->count() : 0; }
+
+private:
+    static constexpr std::uintptr_t kindMask = 7;
+    static constexpr std::uintptr_t numeric = 2;
+    static constexpr std::uintptr_t validMark = 8; // beside the kind of a number, which has no block
+
+    bool isShared() const noexcept { return tag_ > (kindMask | validMark); }
+    PtrRefCount* block() const noexcept { return reinterpret_cast<PtrRefCount*>(tag_ & ~kindMask); }
+    void swap(CellContent& other) noexcept {
+        std::swap(tag_, other.tag_);
+        std::swap(payload_, other.payload_);
+    }
+
+    union Payload {
+        CellImplementation* body;
+        double number;
+    };
+
+    std::uintptr_t tag_; // the address of the block, and the kind in its lowest bits
+    Payload payload_;
+};
+
+} // namespace Detail
+
 /// The value at one position of a table: nothing, a text, a number, a nested table or an error.
 ///
 /// A cell is a small handle over a body that never changes. Copying or assigning a cell, or storing it
-/// in a table, shares the body: it costs one increment and allocates nothing. An empty cell has no body
-/// of its own. Only the nested table of a table cell can change, and then changes for every cell that
-/// shares it.
+/// in a table, shares the body: it costs one increment and allocates nothing. An empty cell has no body,
+/// and a number is held in the cell itself. Only the nested table of a table cell can change, and then
+/// changes for every cell that shares it.
 ///
 /// All conversions are `Status get(T& out) const`: they never throw for a value that does not fit but
 /// return an Error with code -1, and leave `out` untouched unless said otherwise below. Which kind
@@ -53,11 +131,11 @@ public:
     /// Makes an empty cell; allocates nothing.
     Cell() noexcept = default;
     /// Shares the body of `other`.
-    Cell(Cell const& other) noexcept : body_(other.body_) {}
+    Cell(Cell const& other) noexcept : content_(other.content_) {}
     /// Takes over the body of `other`, which becomes an empty cell.
-    Cell(Cell&& other) noexcept : body_(std::move(other.body_)) {}
+    Cell(Cell&& other) noexcept : content_(std::move(other.content_)) {}
     /// Shares a body; for the library's own use. A null body gives an empty cell.
-    Cell(Ptr<CellImplementation> const& body) noexcept : body_(body) {}
+    Cell(Ptr<CellImplementation> const& body) noexcept;
     /// Makes the kind of cell that `text` reads as, the first of these that fits:
     ///
     /// - a number in decimal: optional white space, sign, digits with or without a point, and exponent, as
@@ -74,10 +152,10 @@ public:
     /// So no cell holds a text that reads as a number: "007" becomes 7. Uses no stream; allocates at
     /// most the body and the copy of the text.
     Cell(Str const& text);
-    /// Makes a valid number of any double, NaN and infinities included.
-    Cell(double value);
-    /// Makes a number with the validity of `value`.
-    Cell(AnalyticDouble const& value);
+    /// Makes a valid number of any double, NaN and infinities included; allocates nothing.
+    Cell(double value) noexcept : content_(value, true) {}
+    /// Makes a number with the validity of `value`; allocates nothing.
+    Cell(AnalyticDouble const& value) : content_(value) {}
     /// Makes an error cell that holds `status`, whatever its state; an Ok status makes an error cell,
     /// too.
     Cell(Status const& status);
@@ -96,17 +174,17 @@ public:
 
     /// Shares the body of `other` and releases the one held so far.
     Cell const& operator=(Cell const& other) noexcept {
-        body_ = other.body_;
+        content_ = other.content_;
         return *this;
     }
     /// Takes over the body of `other`, which becomes an empty cell unless it is this one.
     Cell const& operator=(Cell&& other) noexcept {
-        body_ = std::move(other.body_);
+        content_ = std::move(other.content_);
         return *this;
     }
 
     /// The kind of this cell.
-    CellType isA() const;
+    CellType isA() const { return static_cast<CellType>(content_.kind()); }
     /// True for an empty cell, a string cell without characters and a number that is not valid.
     bool empty() const;
 
@@ -202,9 +280,9 @@ public:
 private:
     friend class CellImplementation;
 
-    CellImplementation const& body() const;
+    explicit Cell(Detail::CellContent&& content) noexcept : content_(std::move(content)) {}
 
-    Ptr<CellImplementation> body_; // null in an empty cell
+    Detail::CellContent content_;
 };
 
 /// Writes the cell as its display() does.

@@ -132,6 +132,8 @@ public:
     T* operator->() const noexcept { return object_; }
     /// The object, or null.
     T* get() const noexcept { return object_; }
+    /// The count block that all handles of the object share, or null.
+    PtrRefCount* block() const noexcept { return block_; }
     /// True when the object or the count block is missing.
     bool isNull() const noexcept { return object_ == nullptr || block_ == nullptr; }
     /// True when the handle is not null.

@@ -51,9 +51,4 @@ Walk descend(Walk root, Advance const& advance, Finish const& finish) {
     }
 }
 
-/// The nested table of a table cell without a handle of its own; null for every other cell.
-inline Table const* nestedIn(Cell const& cell) {
-    return cell.isA() == Cell::TableCell ? valueOf(cell).table : nullptr;
-}
-
 } // namespace QX
