@@ -162,6 +162,7 @@ TEST(TableAttributes, WithoutABodyGiveNothing) {
     EXPECT_EQ(outcome(t->getAttribute("x", value)), "Ok");
     EXPECT_EQ(brief(value), "untouched");
     t->getAttributes()->at("lost", 1, Cell(1));
+    EXPECT_EQ(named(t->clone()->getAttributes()), ": ");
     EXPECT_EQ(outcome(t->setAttribute("x", Cell(1))), "Ok");
     EXPECT_EQ(named(t->getAttributes()), "Attributes: x 1");
 }
