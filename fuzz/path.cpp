@@ -4,6 +4,7 @@
 #include "fuzz/require.h"
 
 #include <new>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 
@@ -57,6 +58,46 @@ void checkText(Str const& path, char separator) {
     require(!isPlain(path, separator) || whole.finalPath(name, item).ok(), "the last of good steps");
 }
 
+/// The values that a path reaches, found step by step; nothing when its first step is none.
+std::optional<std::vector<Cell>> reached(Ptr<Table> const& table, Str const& path, char separator) {
+    std::vector<Cell> cells{Cell(table)};
+    bool begun = false;
+    for (Str rest = path;;) {
+        TblPath const steps(rest, separator);
+        Str name;
+        std::size_t item = 0;
+        if (!steps.currentPath(name, item, false).ok() || name.empty()) {
+            return begun ? std::optional(cells) : std::nullopt;
+        }
+        std::vector<Cell> values;
+        for (Cell const& cell : cells) {
+            Ptr<Table const> const from = tableOf(cell);
+            std::size_t const items = from ? from->items(0) : 0;
+            for (std::size_t k = 1; item == Table::npos && k < items; ++k) {
+                values.push_back(from->get(name, k));
+            }
+            if (from && item != Table::npos) {
+                values.push_back(from->get(name, item));
+            }
+        }
+        cells = values;
+        begun = true;
+        (void)steps.nextPath(rest);
+    }
+}
+
+void checkValues(Ptr<Table> const& table, Str const& path, char separator) {
+    std::optional<std::vector<Cell>> const plain = reached(table, path, separator);
+    Ptr<Table> values;
+    (void)table->XPath(path, values, separator);
+    require((string(values->name()) == "results") == plain.has_value(), "whether a walk begins");
+    for (std::size_t k = 0; plain && k < plain->size(); ++k) {
+        Cell const& value = values->get(0, k + 1);
+        require(value.isA() == (*plain)[k].isA() && value.compare((*plain)[k], false), "values reached");
+    }
+    require(!plain || values->items(0) == plain->size() + 1, "number of values reached");
+}
+
 void checkReading(Table const& table, Str const& path, char separator) {
     Ptr<Table> values;
     require(table.XPath(path, values, separator).ok(), "XPath returns Ok");
@@ -106,6 +147,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     }
     std::string const before = QX::displayed(*table);
     QX::checkReading(*table, path, separator);
+    QX::checkValues(table, path, separator);
     QX::require(QX::displayed(*table) == before, "reading changes nothing");
     QX::checkWriting(*table, path, false, separator);
     QX::checkWriting(*table, path, true, separator);
