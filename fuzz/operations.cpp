@@ -58,10 +58,11 @@ public:
     }
 
 private:
-    /// One of the tables, a new one where there is none or where it has become vast.
+    /// One of the tables, a new one where there is none or where it has become vast. Names grow, too: the
+    /// result of merging has both.
     Ptr<Table>& any() {
         Ptr<Table>& table = tables_[bytes_.below(tables_.size())];
-        if (!table || isVast(*table)) {
+        if (!table || isVast(*table) || table->name().size() > 200) {
             keep(table, bytes_.flip() ? make_.table(5, 5) : Ptr<Table>(new Table("new")));
         }
         return table;
