@@ -90,7 +90,8 @@ std::optional<Table> readInPieces(std::string const& text, std::string const& de
     });
 }
 
-/// Everything about the cells of a table that was read, as a rectangle.
+/// Everything about the cells of a table that was read, as a rectangle. A lone index whose name is an empty
+/// cell is written as if it were a text without characters, since a line without text names nothing.
 std::string contents(QX::Table const& table) {
     std::string all;
     for (std::size_t i = 0; i < table.indices(); ++i) {
@@ -100,7 +101,8 @@ std::string contents(QX::Table const& table) {
             double number = 0;
             cell.get(text, 0);
             cell.get(number);
-            all += std::to_string(cell.isA()) + ' ' +
+            bool const loneName = j == 0 && table.indices() == 1 && cell.empty();
+            all += std::to_string(loneName ? QX::Cell::StringCell : cell.isA()) + ' ' +
                    std::to_string(std::bit_cast<std::uint64_t>(number)) + ' ' + bytes(text) + '\n';
         }
         all += "----\n";
