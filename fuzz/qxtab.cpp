@@ -11,6 +11,7 @@
 #include "qxtab/writer.h"
 
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <iostream>
 #include <new>
@@ -90,20 +91,25 @@ std::optional<Table> readInPieces(std::string const& text, std::string const& de
     });
 }
 
-/// Everything about the cells of a table that was read, as a rectangle. A lone index whose name is an empty
-/// cell is written as if it were a text without characters, since a line without text names nothing.
+/// Everything about a cell that is written and read again. What has no text of its own comes back as a text:
+/// a number that is not finite, and the empty name of a lone index, since a line without text names nothing.
+std::string content(QX::Cell const& cell, bool loneName) {
+    QX::Str text;
+    double number = 0;
+    cell.get(text, 0);
+    cell.get(number);
+    bool const becomesText = !std::isfinite(number) || (loneName && cell.empty());
+    return std::to_string(becomesText ? QX::Cell::StringCell : cell.isA()) + ' ' +
+           std::to_string(std::bit_cast<std::uint64_t>(becomesText ? 0.0 : number)) + ' ' + bytes(text) +
+           '\n';
+}
+
+/// Everything about the cells of a table that was read, as a rectangle.
 std::string contents(QX::Table const& table) {
     std::string all;
     for (std::size_t i = 0; i < table.indices(); ++i) {
         for (std::size_t j = 0; j < table.items(0); ++j) {
-            QX::Cell const& cell = table.get(i, j);
-            QX::Str text;
-            double number = 0;
-            cell.get(text, 0);
-            cell.get(number);
-            bool const loneName = j == 0 && table.indices() == 1 && cell.empty();
-            all += std::to_string(loneName ? QX::Cell::StringCell : cell.isA()) + ' ' +
-                   std::to_string(std::bit_cast<std::uint64_t>(number)) + ' ' + bytes(text) + '\n';
+            all += content(table.get(i, j), j == 0 && table.indices() == 1);
         }
         all += "----\n";
     }
