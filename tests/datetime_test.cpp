@@ -22,6 +22,10 @@ TEST(Date, ReadsRealDaysOnly) {
           "2001-01-100", "+001-01-10", " 2001-01-10", "2001-01-10 ", "2001/01/10", ""}) {
         EXPECT_EQ(Date(text, Str()).days(), std::numeric_limits<int>::min()) << text;
     }
+    for (char const* const text :
+         {"29:FEB:2000", "29:Fe:2000", "29:Feb:200", "29:Feb:2000:", "29-Feb-2000"}) {
+        EXPECT_FALSE(Date(text, "dd:mmm:yyyy").isValid()) << text;
+    }
     EXPECT_FALSE(Date().isValid());
     EXPECT_FALSE(Date(-719163).isValid());
     EXPECT_TRUE(Date(2932897).getDate(Str()).empty());
@@ -48,6 +52,7 @@ TEST(DateTime, NowIsTheLocalTime) {
         found = found || now == text;
     }
     EXPECT_TRUE(found) << now;
+    EXPECT_EQ(string(stamp.getTime(Str())), string(stamp.getTime("hh:mm:ss")));
 }
 
 } // namespace

@@ -198,6 +198,10 @@ TEST_F(LogTest, CopiesShareAStreamWithoutOwningIt) {
     }
     log.send("kept", Log::Info);
     EXPECT_EQ(lines(shared->text()), "Main-Level 1: moved|Main-Level 4: assigned|Main-Level 4: kept|");
+    Log borrower;
+    borrower = log;
+    borrower = Log(log); // the same stream once more, which is not the borrower's
+    EXPECT_EQ(counts.alive, 1);
     log = Log();
     EXPECT_EQ(counts.alive, 0);
 }

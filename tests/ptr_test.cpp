@@ -165,11 +165,12 @@ TEST(PtrRefCount, ReleaseFreesWithoutDestroying) {
 }
 
 TEST(PtrRefCount, ReleaseLooksAtTheModuleFirst) {
-    for (char const* const tag : {"qxdl", "qxdll2", "QXDLL", "qxclient", ""}) {
+    for (char const* const tag :
+         {"qxdl", "qxdll2", "QXDLL", "qxclient", "", static_cast<char const*>(nullptr)}) {
         PtrRefCount block(tag, &PtrRefCount::release);
         EXPECT_EQ(failureOf([&] { PtrRefCount::release(&block, nullptr); }),
                   "Deletion across dll boundary")
-            << tag;
+            << (tag == nullptr ? "null" : tag);
     }
 }
 

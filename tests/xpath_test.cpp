@@ -121,6 +121,16 @@ TEST(TableAtXPath, MakesADataBody) {
     EXPECT_EQ(brief(*inner), "B 5");
 }
 
+TEST(TableXPath, MakesABodyForANestedTableThatHasNone) {
+    Ptr<Table> const inner(new Table(Ptr<TableImplementation>()));
+    Table t;
+    t.at("A", 1, Cell(inner));
+    EXPECT_EQ(brief(t.atXPath("A/B", Cell())), "-");
+    EXPECT_EQ(shown(*inner), "Null table\n");
+    t.atXPath("A/B", true) = Cell(5);
+    EXPECT_EQ(brief(*inner), "B 5");
+}
+
 TEST(TableAttributes, AreKeptByPath) {
     Ptr<Table> const t = brief("A 1");
     Cell value("untouched");
@@ -146,6 +156,8 @@ TEST(TableAttributes, WithoutABodyGiveNothing) {
     Cell value("untouched");
     EXPECT_EQ(outcome(t->getAttribute("x", value)), "Ok");
     EXPECT_EQ(brief(value), "untouched");
+    t->getAttributes()->at("lost", 1, Cell(1));
+    EXPECT_EQ(named(t->clone()->getAttributes()), ": ");
     EXPECT_EQ(outcome(t->setAttribute("x", Cell(1))), "Ok");
     EXPECT_EQ(named(t->getAttributes()), "Attributes: x 1");
 }

@@ -46,12 +46,18 @@ bool isBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
+// Whether a text would be taken for the byte order mark of a file that it begins.
+bool beginsWithMark(std::string_view text) {
+    return text.starts_with("\xEF\xBB\xBF") || text.starts_with("\xFF\xFE") ||
+           text.starts_with("\xFE\xFF");
+}
+
 bool needsQuotes(std::string const& text, char delimiter) {
     if (text.empty()) {
         return false;
     }
     char const special[] = {delimiter, '"', '\r', '\n'};
-    return isBlank(text.front()) || isBlank(text.back()) ||
+    return isBlank(text.front()) || isBlank(text.back()) || beginsWithMark(text) ||
            text.find_first_of(std::string_view(special, sizeof special)) != std::string::npos;
 }
 

@@ -23,7 +23,9 @@ void writeTable(std::ostream& os, QX::Ptr<QX::Table const> const& table, Options
 void writeText(std::ostream& os, QX::Table const& table);
 
 /// Writes a header and one line per data row, with fields quoted where it is needed to read the same
-/// table again. An empty cell is a field without text, a string cell without characters is "".
+/// table again. An empty cell is a field without text, a string cell without characters is "", and so is
+/// the empty name of a table's only index, since a line without text names nothing. Numbers that are not
+/// finite are written as nan, inf and -inf, which read back as texts.
 void writeSeparated(std::ostream& os, QX::Table const& table, char delimiter);
 
 /// Writes an array with one object per data row, in the order of the indices.
