@@ -39,7 +39,7 @@ void orderRows(Bytes& bytes, CellMaker& make) {
     }
     for (bool const ascending : {true, false}) {
         Rows const plain = orderedByComparing(keys, rows, ascending);
-        std::optional<Rows> const sorted = orderedBySorting(keys, rows, ascending);
+        std::optional<Rows> const sorted = orderedBySorting({keys}, rows, ascending);
         require(!sorted || *sorted == plain, "rows by sorting");
         require(ordered(keys, rows, ascending) == plain, "rows in order");
     }

@@ -53,7 +53,7 @@ TEST(FastPath, OrdersRowsBySorting) {
         }
         for (bool const ascending : {true, false}) {
             Rows const plain = orderedByComparing(column, rows, ascending);
-            std::optional<Rows> const fast = orderedBySorting(column, rows, ascending);
+            std::optional<Rows> const fast = orderedBySorting({column}, rows, ascending);
             ASSERT_TRUE(fast || !honest) << listed(cells);
             ASSERT_EQ(ordered(column, rows, ascending), plain) << listed(cells);
             if (fast) {

@@ -15,16 +15,16 @@ using Rows = std::vector<std::size_t>;
 class Column {
 public:
     Column(std::vector<Cell> const& cells, std::size_t items, Cell const& beyond)
-        : cells_(cells), items_(items), beyond_(beyond) {}
+        : cells_(&cells), items_(items), beyond_(&beyond) {}
 
     /// The number of items, the name included.
     std::size_t items() const { return items_; }
-    Cell const& operator[](std::size_t j) const { return j < cells_.size() ? cells_[j] : beyond_; }
+    Cell const& operator[](std::size_t j) const { return j < cells_->size() ? (*cells_)[j] : *beyond_; }
 
 private:
-    std::vector<Cell> const& cells_;
+    std::vector<Cell> const* cells_;
     std::size_t items_;
-    Cell const& beyond_;
+    Cell const* beyond_;
 };
 
 } // namespace QX

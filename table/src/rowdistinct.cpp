@@ -3,11 +3,10 @@
 #include "base/fastpaths.h"
 #include "base/hash.h"
 #include "cell/cellvalue.h"
+#include "cell/numbergrid.h"
 #include "table/src/rowset.h"
 
 #include <algorithm>
-#include <bit>
-#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <string_view>
@@ -32,8 +31,8 @@ public:
             } else if (value.kind == Cell::TableCell) {
                 hashes_[j] = reinterpret_cast<std::uintptr_t>(value.table);
             } else if (value.kind == Cell::NumericCell) {
-                numbers_.push_back({place(value.number.get()), j, value.number.isValid()});
-                apart_ = apart_ && standsApart(value.number);
+                numbers_.push_back({gridPlace(value.number.get()), j, value.number.isValid()});
+                apart_ = apart_ && value.number.isValid() && standsApart(value.number.get());
             } // empty cells, texts without characters and errors, which equal one another, keep hash 0
         }
         usable_ = !dates || numbers_.empty(); // a date equals every number of its day
@@ -59,19 +58,6 @@ private:
             return place == earlier.place || place == earlier.place + 1;
         }
     };
-
-    /// Numbers a double in the double grid, both zeros as 0, so that equal cells are at most one apart.
-    static std::int64_t place(double number) {
-        auto const magnitude = std::bit_cast<std::int64_t>(std::fabs(number));
-        return std::signbit(number) ? -magnitude : magnitude;
-    }
-
-    /// True for a number of which no other of its sort is the next in the grid.
-    static bool standsApart(AnalyticDouble const& number) {
-        constexpr double limit = 4503599627370496.0; // from here on whole numbers are next to each other
-        double const value = number.get();
-        return number.isValid() && std::trunc(value) == value && std::fabs(value) < limit;
-    }
 
     /// Gives numbers that are linked by steps of one in the grid the same hash.
     void hashNumbers() {

@@ -1,15 +1,9 @@
 #include "table/src/roworder.h"
 
 #include "base/fastpaths.h"
-#include "cell/cellvalue.h"
-#include "cell/numbertext.h"
 #include "table/src/rowmatch.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdint>
-#include <limits>
-#include <string_view>
 #include <utility>
 
 namespace QX {
@@ -78,134 +72,31 @@ Rows grouped(Column const& column, Rows const& rows, bool ascending, Match const
     return listed;
 }
 
-template <typename Key>
-struct KeyedRow {
-    Key key;
-    std::size_t row;
-};
-
-template <typename Key>
-void stableSort(std::vector<KeyedRow<Key>>& rows, bool ascending) {
-    std::stable_sort(rows.begin(), rows.end(),
-                     [ascending](KeyedRow<Key> const& a, KeyedRow<Key> const& b) {
-                         return ascending ? a.key < b.key : b.key < a.key;
-                     });
-}
-
-template <typename Key>
-void appendRows(Rows& rows, std::vector<KeyedRow<Key>> const& keyed) {
-    for (KeyedRow<Key> const& each : keyed) {
-        rows.push_back(each.row);
-    }
-}
-
-/// A text to be compared by its first bytes, taken as one number, and only then as a whole.
-struct TextKey {
-    std::uint64_t head;
-    std::string_view text;
-
-    bool operator<(TextKey const& other) const {
-        return head != other.head ? head < other.head : text < other.text;
-    }
-};
-
-/// Takes the head of every text from behind what all of them begin with.
-void setHeads(std::vector<KeyedRow<TextKey>>& texts) {
-    std::string_view common = texts.empty() ? std::string_view() : texts.front().key.text;
-    for (KeyedRow<TextKey> const& each : texts) {
-        auto const differ =
-            std::mismatch(common.begin(), common.end(), each.key.text.begin(), each.key.text.end());
-        common = common.substr(0, static_cast<std::size_t>(differ.first - common.begin()));
-    }
-    for (KeyedRow<TextKey>& each : texts) {
-        std::string_view const rest = each.key.text.substr(common.size());
-        for (std::size_t k = 0; k < sizeof each.key.head; ++k) {
-            each.key.head =
-                each.key.head << 8U | (k < rest.size() ? static_cast<unsigned char>(rest[k]) : 0U);
-        }
-    }
-}
-
-/// The cells of one column by kind, with the rows they stand in.
-struct Split {
-    Rows empty;
-    std::vector<KeyedRow<double>> numbers;
-    std::vector<KeyedRow<TextKey>> texts;
-    bool honest = true; // false once a cell has been met whose order or equality is not
-
-    void add(Cell const& cell, std::size_t row) {
-        CellValue const value = valueOf(cell);
-        if (cell.empty()) {
-            empty.push_back(row);
-        } else if (value.kind == Cell::StringCell) {
-            texts.push_back({{0, value.text}, row});
-        } else if (value.kind == Cell::NumericCell) {
-            double const number = value.number.get();
-            // Next to the smallest double stand both zeros, which the order takes for one.
-            bool const smallest = std::fabs(number) == std::numeric_limits<double>::denorm_min();
-            honest = honest && !std::isnan(number) && !smallest;
-            numbers.push_back({number, row});
-        } else {
-            honest = false;
-        }
-    }
-
-    /// True when a date stands beside numbers, which may equal it.
-    bool mixesDates(Column const& column) const {
-        return !numbers.empty() && std::any_of(texts.begin(), texts.end(), [&](auto const& text) {
-            return isDate(column[text.row]);
-        });
-    }
-};
-
 } // namespace
 
 Rows ordered(Column const& column, Rows const& rows, bool ascending) {
     if (fastPaths) {
-        if (std::optional<Rows> sorted = orderedBySorting(column, rows, ascending)) {
+        if (std::optional<Rows> sorted = orderedBySorting({column}, rows, ascending)) {
             return std::move(*sorted);
         }
     }
     return grouped(column, rows, ascending, rowsOfValues);
 }
 
-Rows orderedByComparing(Column const& column, Rows const& rows, bool ascending) {
-    return grouped(column, rows, ascending, rowsByComparing);
-}
-
-std::optional<Rows> orderedBySorting(Column const& column, Rows const& rows, bool ascending) {
-    Split split;
-    for (std::size_t const row : rows) {
-        split.add(column[row], row);
-        if (!split.honest) {
-            return std::nullopt;
+Rows ordered(std::vector<Column> const& keys, Rows rows, bool ascending) {
+    if (fastPaths) {
+        if (std::optional<Rows> sorted = orderedBySorting(keys, rows, ascending)) {
+            return std::move(*sorted);
         }
     }
-    if (split.mixesDates(column)) {
-        return std::nullopt;
+    for (std::size_t k = keys.size(); k-- > 0;) {
+        rows = ordered(keys[k], rows, ascending);
     }
-    stableSort(split.numbers, ascending);
-    auto const adjacent =
-        std::adjacent_find(split.numbers.begin(), split.numbers.end(), [](auto const& a, auto const& b) {
-            return a.key != b.key && equalNumbers(a.key, b.key);
-        });
-    if (adjacent != split.numbers.end()) {
-        return std::nullopt;
-    }
-    setHeads(split.texts);
-    stableSort(split.texts, ascending);
-    Rows sorted;
-    sorted.reserve(rows.size());
-    if (ascending) {
-        sorted = std::move(split.empty);
-        appendRows(sorted, split.numbers);
-        appendRows(sorted, split.texts);
-    } else {
-        appendRows(sorted, split.texts);
-        appendRows(sorted, split.numbers);
-        sorted.insert(sorted.end(), split.empty.begin(), split.empty.end());
-    }
-    return sorted;
+    return rows;
+}
+
+Rows orderedByComparing(Column const& column, Rows const& rows, bool ascending) {
+    return grouped(column, rows, ascending, rowsByComparing);
 }
 
 } // namespace QX

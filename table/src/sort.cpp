@@ -3,6 +3,7 @@
 #include "table/src/tableimpl.h"
 
 #include <numeric>
+#include <utility>
 
 namespace QX {
 
@@ -28,9 +29,7 @@ Status TableImplementation::sort(TableImplementation const& operand, Ptr<Table>&
     std::vector<Cell> const keys = sortKeys(operand);
     NameLookup lookup(*this);
     std::size_t const height = items();
-    Rows rows(height > 1 ? height - 1 : 0);
-    std::iota(rows.begin(), rows.end(), std::size_t{1});
-    bool sorted = false;
+    std::vector<Column> columns;
     for (std::size_t k = keys.size(); k-- > 0;) {
         Str name;
         if (!keys[k].get(name, 0).ok()) {
@@ -39,14 +38,15 @@ Status TableImplementation::sort(TableImplementation const& operand, Ptr<Table>&
         std::size_t const key = name.empty() ? npos : lookup.find(Cell(name));
         if (key == npos) {
             status = Status("Key not found", Status::Error, -1);
-            break;
+            break; // after sorting by the keys behind it
         }
-        rows = ordered(column(key, height), rows, ascending);
+        columns.insert(columns.begin(), column(key, height));
         status = Status();
-        sorted = true;
     }
-    if (sorted) {
-        result = pickRows(name_, rows);
+    if (!columns.empty()) {
+        Rows rows(height > 1 ? height - 1 : 0);
+        std::iota(rows.begin(), rows.end(), std::size_t{1});
+        result = pickRows(name_, ordered(columns, std::move(rows), ascending));
     }
     return status;
 }

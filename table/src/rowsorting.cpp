@@ -1,0 +1,259 @@
+// The fast way to order rows: the keys are turned into words of 64 bits, which are sorted in their place.
+
+#include "cell/cellvalue.h"
+#include "cell/numbergrid.h"
+#include "table/src/roworder.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+namespace QX {
+
+namespace {
+
+using Word = std::uint64_t;
+
+/// A row by its place in the order before, with what it is sorted by next.
+struct KeyedPlace {
+    Word word;
+    std::size_t place;
+
+    bool operator<(KeyedPlace const& other) const {
+        return word != other.word ? word < other.word : place < other.place;
+    }
+};
+
+using KeyedPlaces = std::vector<KeyedPlace>;
+
+/// Sorts many places, which stand in ascending order, byte by byte of their words. Takes a third of the
+/// time of comparing them.
+void sortByBytes(KeyedPlace* places, std::size_t count) {
+    constexpr std::size_t bytes = sizeof(Word);
+    std::array<std::array<std::size_t, 256>, bytes> counts{};
+    for (std::size_t k = 0; k < count; ++k) {
+        for (std::size_t byte = 0; byte < bytes; ++byte) {
+            ++counts[byte][places[k].word >> (8 * byte) & 0xffU];
+        }
+    }
+    KeyedPlaces other(count);
+    KeyedPlace* from = places;
+    KeyedPlace* to = other.data();
+    for (std::size_t byte = 0; byte < bytes; ++byte) {
+        if (counts[byte][from->word >> (8 * byte) & 0xffU] == count) {
+            continue; // all have the same
+        }
+        std::size_t next = 0;
+        for (std::size_t& each : counts[byte]) {
+            next += std::exchange(each, next);
+        }
+        for (std::size_t k = 0; k < count; ++k) {
+            to[counts[byte][from[k].word >> (8 * byte) & 0xffU]++] = from[k];
+        }
+        std::swap(from, to);
+    }
+    if (from != places) {
+        std::copy(from, from + count, places);
+    }
+}
+
+void sortPlaces(KeyedPlace* places, std::size_t count) {
+    constexpr std::size_t few = 1000;
+    if (count <= few) {
+        std::sort(places, places + count);
+    } else {
+        sortByBytes(places, count);
+    }
+}
+
+Word numberWord(double number) {
+    return static_cast<Word>(gridPlace(number)) ^ Word { 1 } << 63U;
+}
+
+/// What a look at all cells of a column tells about its order.
+class Survey {
+public:
+    Survey(Column const& column, Rows const& rows) {
+        for (std::size_t const row : rows) {
+            add(column[row]);
+            if (!honest) {
+                return;
+            }
+        }
+        bool const dates =
+            numbers && texts &&
+            std::any_of(rows.begin(), rows.end(), [&](std::size_t row) { return isDate(column[row]); });
+        honest = !dates && (apart_ || !hasNeighbours(column, rows));
+    }
+
+    bool honest = true; // false where a cell was met whose order or equality is not
+    bool empties = false;
+    bool numbers = false;
+    bool texts = false;
+    std::string_view common; // what all texts begin with
+
+private:
+    void add(Cell const& cell) {
+        if (cell.empty()) {
+            empties = true;
+        } else if (cell.isA() == Cell::NumericCell) {
+            addNumber(numberOf(cell).get());
+        } else if (cell.isA() == Cell::StringCell) {
+            addText(textOf(cell));
+        } else {
+            honest = false;
+        }
+    }
+
+    void addNumber(double number) {
+        numbers = true;
+        // Next to the smallest double stand both zeros, which the order takes for one.
+        bool const smallest = std::fabs(number) == std::numeric_limits<double>::denorm_min();
+        honest = !std::isnan(number) && !smallest;
+        apart_ = apart_ && standsApart(number);
+    }
+
+    void addText(std::string_view text) {
+        if (!texts) {
+            common = text;
+        }
+        texts = true;
+        if (!text.starts_with(common)) {
+            auto const differ = std::mismatch(common.begin(), common.end(), text.begin(), text.end());
+            common = common.substr(0, static_cast<std::size_t>(differ.first - common.begin()));
+        }
+    }
+
+    /// True when two different numbers are next to each other, and so equal.
+    static bool hasNeighbours(Column const& column, Rows const& rows) {
+        KeyedPlaces places;
+        for (std::size_t const row : rows) {
+            if (column[row].isA() == Cell::NumericCell && !column[row].empty()) {
+                places.push_back({numberWord(numberOf(column[row]).get()), places.size()});
+            }
+        }
+        sortPlaces(places.data(), places.size());
+        return std::adjacent_find(places.begin(), places.end(), [](auto const& a, auto const& b) {
+                   return b.word - a.word == 1;
+               }) != places.end();
+    }
+
+    bool apart_ = true; // no two different numbers can be next to each other
+};
+
+/// The first word of what follows the first bytes of a text: shorter texts first where all bytes are equal.
+constexpr std::size_t textBytes = 7;
+
+Word textWord(std::string_view text) {
+    Word word = 0;
+    for (std::size_t k = 0; k < textBytes; ++k) {
+        word = (word | (k < text.size() ? static_cast<unsigned char>(text[k]) : 0U)) << 8U;
+    }
+    return word | std::min(text.size(), textBytes + 1);
+}
+
+/// Sorts rows by one column after the other, each time only the rows that are still tied.
+class Sorting {
+public:
+    Sorting(Rows const& rows, bool ascending) : rows_(rows), flip_(ascending ? 0 : ~Word{0}) {
+        places_.reserve(rows.size());
+        for (std::size_t place = 0; place < rows.size(); ++place) {
+            places_.push_back({0, place});
+        }
+        tied_.push_back({0, rows.size()});
+    }
+
+    void sortBy(Column const& column, Survey const& survey) {
+        if (survey.empties + survey.numbers + survey.texts > 1) {
+            refine(column, kindWord, [&](Range const& run) { tied_.push_back(run); });
+        }
+        std::vector<Range> done;
+        for (std::size_t begin = survey.common.size(); !tied_.empty(); begin += textBytes) {
+            auto const word = [begin](Cell const& cell) { return wordOf(cell, begin); };
+            refine(column, word, [&](Range const& run) {
+                Cell const& cell = column[rows_[places_[run.begin].place]];
+                (goesOn(cell, begin + textBytes) ? tied_ : done).push_back(run);
+            });
+        }
+        tied_ = std::move(done);
+    }
+
+    Rows rows() const {
+        Rows sorted;
+        sorted.reserve(places_.size());
+        for (KeyedPlace const& each : places_) {
+            sorted.push_back(rows_[each.place]);
+        }
+        return sorted;
+    }
+
+private:
+    struct Range {
+        std::size_t begin;
+        std::size_t end;
+    };
+
+    static Word kindWord(Cell const& cell) {
+        return cell.empty() ? 0 : cell.isA() == Cell::NumericCell ? 1 : 2;
+    }
+    /// The word of a number, or that of a text from `begin` on.
+    static Word wordOf(Cell const& cell, std::size_t begin) {
+        if (cell.empty()) {
+            return 0;
+        }
+        bool const number = cell.isA() == Cell::NumericCell;
+        return number ? numberWord(numberOf(cell).get()) : textWord(textOf(cell).substr(begin));
+    }
+    static bool goesOn(Cell const& cell, std::size_t begin) {
+        return cell.isA() == Cell::StringCell && textOf(cell).size() > begin;
+    }
+
+    /// Sorts the rows of each tie by the words of their cells, and hands out the runs that stay tied.
+    template <typename WordOf, typename Tie>
+    void refine(Column const& column, WordOf const& word, Tie const& tie) {
+        for (Range const& range : std::exchange(tied_, {})) {
+            KeyedPlace* const places = places_.data();
+            for (std::size_t k = range.begin; k < range.end; ++k) {
+                places[k].word = word(column[rows_[places[k].place]]) ^ flip_;
+            }
+            sortPlaces(places + range.begin, range.end - range.begin);
+            for (std::size_t k = range.begin; k < range.end;) {
+                std::size_t const begin = k;
+                while (k < range.end && places[k].word == places[begin].word) {
+                    ++k;
+                }
+                if (k - begin > 1) {
+                    tie(Range{begin, k});
+                }
+            }
+        }
+    }
+
+    Rows const& rows_;
+    Word flip_; // turns the words round to sort in descending order
+    KeyedPlaces places_;
+    std::vector<Range> tied_;
+};
+
+} // namespace
+
+std::optional<Rows> orderedBySorting(std::vector<Column> const& keys, Rows const& rows, bool ascending) {
+    std::vector<Survey> surveys;
+    for (Column const& key : keys) {
+        surveys.emplace_back(key, rows);
+        if (!surveys.back().honest) {
+            return std::nullopt;
+        }
+    }
+    Sorting sorting(rows, ascending);
+    for (std::size_t k = 0; k < keys.size(); ++k) {
+        sorting.sortBy(keys[k], surveys[k]);
+    }
+    return sorting.rows();
+}
+
+} // namespace QX
