@@ -7,6 +7,7 @@
 #include "table/src/roworder.h"
 
 #include <algorithm>
+#include <numeric>
 #include <set>
 
 namespace QX {
@@ -63,6 +64,38 @@ TEST(FastPath, OrdersRowsBySorting) {
         }
     }
     EXPECT_GT(sorted, 1000) << "in columns that were not made to be honest";
+}
+
+TEST(FastPath, OrdersRowsByManyKeys) {
+    Generator make(5);
+    for (int round = 0; round < 1500; ++round) {
+        bool const large = round % 100 == 0; // enough rows to be sorted byte by byte
+        std::size_t const height = large ? 3000 : 2 + make.below(30);
+        std::vector<Cells> cells;
+        for (std::size_t n = 1 + make.below(3); n > 0; --n) {
+            Cells pool = make.pool(true);
+            for (char const* text :
+                 {"Warszawa-Praga", "Warszawa-Prag", "Warszawa", "Warszawa-Praga 12"}) {
+                pool.emplace_back(Str(text));
+            }
+            cells.push_back(make.column(pool, height));
+        }
+        Rows rows(height - 1);
+        std::iota(rows.begin(), rows.end(), std::size_t{1});
+        bool const ascending = make.flip();
+        std::vector<Column> keys;
+        for (Cells const& each : cells) {
+            keys.emplace_back(each, height, TableImplementation::sharedEmptyCell());
+        }
+        Rows plain = rows;
+        for (std::size_t k = keys.size(); k-- > 0;) {
+            plain = orderedByComparing(keys[k], plain, ascending);
+        }
+        ASSERT_EQ(ordered(keys, rows, ascending), plain) << listed(cells.front());
+        if (std::optional<Rows> const fast = orderedBySorting(keys, rows, ascending)) {
+            ASSERT_EQ(*fast, plain) << listed(cells.front());
+        }
+    }
 }
 
 Rows distinctPlainly(Table const& table) {

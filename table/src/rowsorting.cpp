@@ -215,11 +215,10 @@ private:
     /// Sorts the rows of each tie by the words of their cells, and hands out the runs that stay tied.
     template <typename WordOf, typename Tie>
     void refine(Column const& column, WordOf const& word, Tie const& tie) {
-        for (Range const& range : std::exchange(tied_, {})) {
-            KeyedPlace* const places = places_.data();
-            for (std::size_t k = range.begin; k < range.end; ++k) {
-                places[k].word = word(column[rows_[places[k].place]]) ^ flip_;
-            }
+        std::vector<Range> const ranges = std::exchange(tied_, {});
+        setWords(ranges, column, word);
+        KeyedPlace* const places = places_.data();
+        for (Range const& range : ranges) {
             sortPlaces(places + range.begin, range.end - range.begin);
             for (std::size_t k = range.begin; k < range.end;) {
                 std::size_t const begin = k;
@@ -229,6 +228,42 @@ private:
                 if (k - begin > 1) {
                     tie(Range{begin, k});
                 }
+            }
+        }
+    }
+
+    /// Sets the words of the rows that are tied.
+    template <typename WordOf>
+    void setWords(std::vector<Range> const& ranges, Column const& column, WordOf const& word) {
+        std::size_t tied = 0;
+        for (Range const& range : ranges) {
+            tied += range.end - range.begin;
+        }
+        if (tied > places_.size() / 8) {
+            setWordsInOrder(ranges, column, word);
+            return;
+        }
+        for (Range const& range : ranges) {
+            for (std::size_t k = range.begin; k < range.end; ++k) {
+                places_[k].word = word(column[rows_[places_[k].place]]) ^ flip_;
+            }
+        }
+    }
+
+    /// The same for many rows. Reads the column in the order given, in which its cells and texts most likely
+    /// lie in memory: to jump about in them takes up to twice as long.
+    template <typename WordOf>
+    void setWordsInOrder(std::vector<Range> const& ranges, Column const& column, WordOf const& word) {
+        constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+        std::vector<std::size_t> positions(rows_.size(), none);
+        for (Range const& range : ranges) {
+            for (std::size_t k = range.begin; k < range.end; ++k) {
+                positions[places_[k].place] = k;
+            }
+        }
+        for (std::size_t place = 0; place < rows_.size(); ++place) {
+            if (positions[place] != none) {
+                places_[positions[place]].word = word(column[rows_[place]]) ^ flip_;
             }
         }
     }
