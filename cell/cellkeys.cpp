@@ -39,7 +39,7 @@ void addNumber(CellKeys& keys, double number) {
 
 } // namespace
 
-CellKeys keysOf(Cell const& filed) {
+CellKeys keysOf(Cell const& filed, DateKeys dates) {
     CellKeys keys;
     CellValue const value = valueOf(filed);
     switch (value.kind) {
@@ -48,13 +48,15 @@ CellKeys keysOf(Cell const& filed) {
         break;
     case Cell::StringCell:
         keys.add(key(Match::Text, value.text));
-        if (isDate(filed)) {
+        if (dates.ofTexts && isDate(filed)) {
             keys.add(dayKey(Match::DateOfText, filed));
         }
         break;
     case Cell::NumericCell:
         keys.add(key(Match::Number, std::bit_cast<std::uint64_t>(value.number.get())));
-        keys.add(dayKey(Match::DateOfNumber, filed));
+        if (dates.ofNumbers) {
+            keys.add(dayKey(Match::DateOfNumber, filed));
+        }
         break;
     case Cell::TableCell:
         keys.add(key(Match::Table, reinterpret_cast<std::uintptr_t>(value.table)));

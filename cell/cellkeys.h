@@ -22,12 +22,18 @@ private:
     std::size_t size_ = 0;
 };
 
+/// Which of the keys are wanted by which dates equal numbers. They take the longest to find.
+struct DateKeys {
+    bool ofTexts = true;   ///< for numbers to be sought
+    bool ofNumbers = true; ///< for dates to be sought
+};
+
 /// The keys under which a cell is filed to be found by its equals.
 ///
 /// `filed.compare(sought, false)` is true only when keysOf(filed) and keysFor(sought) have a key in
 /// common. They never share two, except by a collision of hashes. The reverse does not hold: the
 /// comparison itself decides.
-CellKeys keysOf(Cell const& filed);
+CellKeys keysOf(Cell const& filed, DateKeys dates = {});
 
 /// The keys under which to look for the cells that equal `sought`.
 CellKeys keysFor(Cell const& sought);

@@ -5,7 +5,9 @@
 #include "table/src/tableimpl.h"
 
 #include <cstddef>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -35,7 +37,17 @@ public:
     bool passes(Cell const& cell) const;
 
 private:
-    std::unordered_set<std::string> texts_;
+    struct TextHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const {
+            return std::hash<std::string_view>()(text);
+        }
+    };
+
+    /// The text of a cell, empty where it has none; `text` keeps it if the cell does not.
+    static std::string_view readText(Cell const& cell, Str& text);
+
+    std::unordered_set<std::string, TextHash, std::equal_to<>> texts_;
     bool keepEmpty_;
 };
 

@@ -6,6 +6,7 @@
 #include "table/src/raise.h"
 #include "table/src/tableimpl.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -15,11 +16,12 @@ namespace {
 
 using Cells = std::vector<Cell>;
 
-/// Where each row of a table goes when most of them are listed, none twice; empty otherwise. A row that goes
+/// Where each row of a table goes when most of them are listed, none twice, and in another order; empty
+/// otherwise. A row that goes
 /// nowhere, such as the names row, has place 0.
 Rows placesOf(Rows const& rows, std::size_t height) {
     Rows places;
-    if (!fastPaths || rows.size() < height / 2) {
+    if (!fastPaths || rows.size() < height / 2 || std::is_sorted(rows.begin(), rows.end())) {
         return places;
     }
     places.resize(height);
