@@ -44,12 +44,12 @@ Status TableImplementation::append(TableImplementation const& operand, Ptr<Table
         }
     }
     if (distinct) {
-        result = appended.pickDistinctTexts();
+        appended.keepRows(appended.distinctTexts());
     }
     return Status();
 }
 
-Ptr<Table> TableImplementation::pickDistinctTexts() const {
+Rows TableImplementation::distinctTexts() const {
     std::size_t const height = items();
     std::string keys; // those of all rows kept, one behind the other
     std::vector<std::size_t> begins(height);
@@ -73,7 +73,7 @@ Ptr<Table> TableImplementation::pickDistinctTexts() const {
             rows.push_back(j);
         }
     }
-    return pickRows(name_, rows);
+    return rows;
 }
 
 } // namespace QX

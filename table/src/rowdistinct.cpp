@@ -4,9 +4,9 @@
 #include "base/hash.h"
 #include "cell/cellvalue.h"
 #include "cell/numbergrid.h"
+#include "table/src/keyedplaces.h"
 #include "table/src/rowset.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <string_view>
@@ -21,21 +21,20 @@ using Hash = std::uint64_t;
 /// Hashes the cells of one column so that cells which may equal each other get the same hash.
 class ColumnHashes {
 public:
-    explicit ColumnHashes(Column const& column) : hashes_(column.items()) {
-        bool dates = false;
+    explicit ColumnHashes(Column const& column) : column_(column), hashes_(column.items()) {
         for (std::size_t j = 0; j < column.items(); ++j) {
             CellValue const value = valueOf(column[j]);
             if (value.kind == Cell::StringCell && !value.text.empty()) {
                 hashes_[j] = std::hash<std::string_view>()(value.text);
-                dates = dates || isDate(column[j]);
             } else if (value.kind == Cell::TableCell) {
                 hashes_[j] = reinterpret_cast<std::uintptr_t>(value.table);
             } else if (value.kind == Cell::NumericCell) {
-                numbers_.push_back({gridPlace(value.number.get()), j, value.number.isValid()});
+                numbers_.push_back({gridWord(value.number.get()), j});
+                valid_ = valid_ && value.number.isValid();
                 apart_ = apart_ && value.number.isValid() && standsApart(value.number.get());
             } // empty cells, texts without characters and errors, which equal one another, keep hash 0
         }
-        usable_ = !dates || numbers_.empty(); // a date equals every number of its day
+        usable_ = numbers_.empty() || !hasDates(); // a date equals every number of its day
         hashNumbers();
     }
 
@@ -47,41 +46,45 @@ public:
     }
 
 private:
-    struct Number {
-        std::int64_t place;
-        std::size_t row;
-        bool valid;
-
-        bool operator<(Number const& other) const { return place < other.place; }
-        /// True when this one is the same as an earlier one, or the next in the grid.
-        bool follows(Number const& earlier) const {
-            return place == earlier.place || place == earlier.place + 1;
-        }
-    };
-
     /// Gives numbers that are linked by steps of one in the grid the same hash.
     void hashNumbers() {
-        if (!apart_) {
-            std::sort(numbers_.begin(), numbers_.end());
+        if (apart_) {
+            for (KeyedPlace const& number : numbers_) {
+                hashes_[number.place] = spread(number.word);
+            }
+            return;
         }
+        sortPlaces(numbers_.data(), numbers_.size());
         for (std::size_t first = 0; first < numbers_.size();) {
             std::size_t end = first + 1;
-            bool valid = numbers_[first].valid;
-            while (!apart_ && end < numbers_.size() && numbers_[end].follows(numbers_[end - 1])) {
-                valid = valid && numbers_[end].valid;
+            bool valid = isValid(first);
+            while (end < numbers_.size() && numbers_[end].word - numbers_[end - 1].word <= 1) {
+                valid = valid && isValid(end);
                 ++end;
             }
-            for (std::size_t k = first; k < end;
-                 ++k) { // an empty cell equals a number that is not valid
-                hashes_[numbers_[k].row] = valid ? spread(static_cast<Hash>(numbers_[first].place)) : 0;
+            for (std::size_t k = first; k < end; ++k) {
+                // An empty cell equals a number that is not valid.
+                hashes_[numbers_[k].place] = valid ? spread(numbers_[first].word) : 0;
             }
             first = end;
         }
     }
 
+    bool hasDates() const {
+        for (std::size_t j = 0; j < column_.items(); ++j) {
+            if (isDate(column_[j])) {
+                return true;
+            }
+        }
+        return false;
+    }
+    bool isValid(std::size_t k) const { return valid_ || !column_[numbers_[k].place].empty(); }
+
+    Column column_;
     std::vector<Hash> hashes_;
-    std::vector<Number> numbers_;
-    bool apart_ = true; // no two different numbers are next to each other
+    std::vector<KeyedPlace> numbers_; // with their places in the grid
+    bool apart_ = true;               // no two different numbers are next to each other
+    bool valid_ = true;               // all of them are
     bool usable_ = true;
 };
 

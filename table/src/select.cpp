@@ -14,7 +14,7 @@ Status TableImplementation::select(TableImplementation const& operand, Ptr<Table
         Ptr<Table> const others = unnamedBy(operand, keepUnmatched);
         return select(made(others), result, keepUnmatched, distinct, false);
     }
-    Ptr<Table> table = makePtr<Table>(name_);
+    Ptr<Table> const table = makePtr<Table>(distinct ? Str("Distinct") : name_);
     std::vector<Index>& selected = made(table).indices_;
     NameLookup lookup(*this);
     std::size_t const width = items();
@@ -37,7 +37,7 @@ Status TableImplementation::select(TableImplementation const& operand, Ptr<Table
         index.front() = rename.empty() ? operand.get(k, 0) : rename;
     }
     if (distinct) {
-        table = made(table).pickRows("Distinct", distinctRows(made(table)));
+        made(table).keepRows(distinctRows(made(table)));
     }
     result = table;
     return Status();

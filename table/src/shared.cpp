@@ -122,4 +122,15 @@ Ptr<Table> TableImplementation::pickRows(Str const& name, Rows const& rows) cons
     return table;
 }
 
+void TableImplementation::keepRows(Rows const& rows) {
+    std::size_t const height = items();
+    for (Index& index : indices_) {
+        index.resize(height);
+        for (std::size_t k = 0; k < rows.size(); ++k) {
+            index[k + 1] = std::move(index[rows[k]]);
+        }
+        index.resize(rows.size() + 1);
+    }
+}
+
 } // namespace QX

@@ -126,8 +126,10 @@ private:
     void displayOwn(std::ostream& os, int number) const;
     /// A new table of the names row and the given rows, in their order.
     Ptr<Table> pickRows(Str const& name, Rows const& rows) const;
-    /// A new table without the rows that display like an earlier row.
-    Ptr<Table> pickDistinctTexts() const;
+    /// Drops all rows but the names row and the given ones, which ascend.
+    void keepRows(Rows const& rows);
+    /// The rows, without the names row, that don't display like an earlier one.
+    Rows distinctTexts() const;
     /// A selection of the indices that `operand` does not name.
     Ptr<Table> unnamedBy(TableImplementation const& operand, bool keepUnnamed) const;
     /// One filter condition: index k of `conditions`, applied to this table.
