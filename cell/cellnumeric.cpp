@@ -22,6 +22,44 @@ AnalyticDouble remainder(double left, double right) {
 
 } // namespace
 
+Operator operatorOf(Str const& text) {
+    if (text.size() != 1) {
+        return Operator::Unknown;
+    }
+    switch (*text.data()) {
+    case '+':
+        return Operator::Add;
+    case '-':
+        return Operator::Subtract;
+    case '*':
+        return Operator::Multiply;
+    case '/':
+        return Operator::Divide;
+    case '%':
+        return Operator::Remainder;
+    default:
+        return Operator::Unknown;
+    }
+}
+
+AnalyticDouble operate(Operator op, AnalyticDouble const& left, AnalyticDouble const& right) {
+    switch (op) {
+    case Operator::Add:
+        return left + right;
+    case Operator::Subtract:
+        return left - right;
+    case Operator::Multiply:
+        return left * right;
+    case Operator::Divide:
+        return left / right;
+    case Operator::Remainder:
+        return remainder(left.get(), right.get());
+    case Operator::Unknown:
+        break;
+    }
+    return AnalyticDouble();
+}
+
 bool CellNumeric::compare(CellImplementation const& other, bool /*flag*/) const {
     if (other.isA() == Cell::NumericCell) {
         return equalNumbers(value_.get(), static_cast<CellNumeric const&>(other).value_.get());
@@ -92,24 +130,11 @@ Status CellNumeric::get(double& out) const {
 
 Cell CellNumeric::operation(Cell const& other, Str const& op) const {
     AnalyticDouble right;
-    if (other.get(right).ok()) {
-        if (op == "+") {
-            return Cell(value_ + right);
-        }
-        if (op == "-") {
-            return Cell(value_ - right);
-        }
-        if (op == "*") {
-            return Cell(value_ * right);
-        }
-        if (op == "/") {
-            return Cell(value_ / right);
-        }
-        if (op == "%") {
-            return Cell(remainder(value_.get(), right.get()));
-        }
+    Operator const known = operatorOf(op);
+    if (known == Operator::Unknown || !other.get(right).ok()) {
+        return Cell(Str("that cell is not numeric"));
     }
-    return Cell(Str("that cell is not numeric"));
+    return Cell(operate(known, value_, right));
 }
 
 bool CellNumeric::lessThan(CellImplementation const& other) const {

@@ -21,8 +21,8 @@ std::string_view textOf(Cell const& cell) {
     return viewOf(bodyOf<CellString>(cell).text());
 }
 
-Table const* nestedIn(Cell const& cell) {
-    return cell.isA() == Cell::TableCell ? bodyOf<CellTable>(cell).table() : nullptr;
+Table const* nestedOf(Cell const& cell) {
+    return bodyOf<CellTable>(cell).table();
 }
 
 CellValue valueOf(Cell const& cell) {
@@ -39,7 +39,7 @@ CellValue valueOf(Cell const& cell) {
         value.number = numberOf(cell);
         break;
     case Cell::TableCell:
-        value.table = nestedIn(cell);
+        value.table = nestedOf(cell);
         break;
     }
     return value;

@@ -28,8 +28,13 @@ inline AnalyticDouble numberOf(Cell const& cell) {
 /// The text of a string cell.
 std::string_view textOf(Cell const& cell);
 
+/// The nested table of a table cell.
+Table const* nestedOf(Cell const& cell);
+
 /// The nested table of a table cell without a handle of its own; null for every other cell.
-Table const* nestedIn(Cell const& cell);
+inline Table const* nestedIn(Cell const& cell) {
+    return cell.isA() == Cell::TableCell ? nestedOf(cell) : nullptr;
+}
 
 /// Looks at `cell`.
 CellValue valueOf(Cell const& cell);

@@ -1,3 +1,4 @@
+#include "cell/cellnumeric.h"
 #include "cell/cellvalue.h"
 #include "table/src/descent.h"
 #include "table/src/raise.h"
@@ -13,16 +14,48 @@ namespace {
 
 constexpr char const* marker = "%D";
 
-/// True for a template cell that marks a position to compute with.
-bool isMarker(Cell const& cell) {
-    CellValue const value = valueOf(cell);
-    if (value.kind != Cell::ErrorCell) {
-        return value.text == marker;
+/// Knows the template cells that mark a position to compute with.
+class Markers {
+public:
+    bool contain(Cell const& cell) {
+        if (cell.isA() == Cell::StringCell) {
+            CellImplementation const* const body = CellImplementation::contentOf(cell).body();
+            if (body != marking_ && textOf(cell) == marker) {
+                marking_ = body;
+            }
+            return body == marking_;
+        }
+        return cell.isA() == Cell::ErrorCell && isErrorMarker(cell);
     }
-    Str text; // an error cell of an Ok status shows its text unmarked
-    cell.get(text, 0);
-    return std::string_view(text.data(), text.size()) == marker;
-}
+
+private:
+    /// True for an error cell of an Ok status, which shows its text unmarked.
+    static bool isErrorMarker(Cell const& cell) {
+        Str text;
+        cell.get(text, 0);
+        return text == marker;
+    }
+
+    CellImplementation const* marking_ = nullptr; // all marks of a made template share one body
+};
+
+/// Combines cells by one operator.
+class Operation {
+public:
+    explicit Operation(Str const& op) : op_(op), known_(operatorOf(op)) {}
+
+    Str const& name() const { return op_; }
+    Cell operator()(Cell const& left, Cell const& right) const {
+        bool const numbers = left.isA() == Cell::NumericCell && right.isA() == Cell::NumericCell;
+        return numbers && known_ != Operator::Unknown
+                   ? Cell(operate(known_, numberOf(left), numberOf(right)))
+                   : left.operation(right, op_);
+    }
+
+private:
+    Str const& op_;
+    Operator known_;
+};
 
 Status prefixed(char const* prefix, Status const& failure) {
     return Status(Str(prefix) + failure.message(false), Status::Error, -1);
@@ -50,11 +83,15 @@ struct Position {
     std::size_t j = 0;
 
     bool ended() const { return items == 0 || i == indices; }
-    void step() {
-        if (++j == items) {
-            ++i;
-            j = 0;
-        }
+    void nextIndex() {
+        ++i;
+        j = 0;
+    }
+    /// Adds the cell at this position to a table that is filled in the order of the walk.
+    void put(Ptr<Table> const& table, Cell const& cell) {
+        TableImplementation& body = TableImplementation::made(table);
+        (j == 0 ? body.addReserved(items) : body.last()).push_back(cell);
+        ++j;
     }
 };
 
@@ -67,44 +104,45 @@ struct Combination {
     Position at{left->indices(), left->items()};
 
     static Combination begin(TableImplementation const& left, TableImplementation const& right,
-                             TableImplementation const& templ, Str const& op) {
+                             TableImplementation const& templ, Operation const& compute) {
         if (Status const shape = left.checkShape(right); !shape.ok()) {
             raise(prefixed("Left and Right operands ", shape));
         }
         if (Status const shape = left.checkShape(templ); !shape.ok()) {
             raise(prefixed("Template and operands ", shape));
         }
-        return {&left, &right, &templ, makePtr<Table>(op + " operation ")};
+        return {&left, &right, &templ, makePtr<Table>(compute.name() + " operation ")};
     }
 
     auto key() const { return std::tuple(left, right, templ); }
 
     /// Computes cells up to the next nested tables and begins with those.
-    std::optional<Combination> advance(Str const& op) {
-        while (!at.ended()) {
-            Cell const& cell = left->get(at.i, at.j);
-            Cell const& other = right->get(at.i, at.j);
-            Cell const& guide = templ->get(at.i, at.j);
-            if (Table const* const nested = nestedIn(guide)) {
-                return beginNested(cell, other, *nested, op);
+    std::optional<Combination> advance(Operation const& compute, Markers& markers) {
+        for (; !at.ended(); at.nextIndex()) {
+            Column const cells = left->column(at.i, at.items);
+            Column const others = right->column(at.i, at.items);
+            Column const guides = templ->column(at.i, at.items);
+            while (at.j < at.items) {
+                Cell const& cell = cells[at.j];
+                Cell const& guide = guides[at.j];
+                if (Table const* const nested = nestedIn(guide)) {
+                    return beginNested(cell, others[at.j], *nested, compute);
+                }
+                put(markers.contain(guide) ? compute(cell, others[at.j]) : cell);
             }
-            put(isMarker(guide) ? cell.operation(other, op) : cell);
         }
         return std::nullopt;
     }
 
-    void put(Cell const& cell) {
-        TableImplementation::made(computed).at(at.i, at.j) = cell;
-        at.step();
-    }
+    void put(Cell const& cell) { at.put(computed, cell); }
 
 private:
     Combination beginNested(Cell const& cell, Cell const& other, Table const& guide,
-                            Str const& op) const {
+                            Operation const& compute) const {
         if (!areTables(cell, other)) {
             raise(expectedTable(at.i, at.j));
         }
-        return begin(nestedBody(cell), nestedBody(other), TableImplementation::of(guide), op);
+        return begin(nestedBody(cell), nestedBody(other), TableImplementation::of(guide), compute);
     }
 };
 
@@ -120,28 +158,29 @@ struct Sampling {
     /// Marks cells up to the next nested tables and begins with those. Ends where they differ in shape,
     /// which `status` then says.
     std::optional<Sampling> advance(Status& status, Cell const& mark) {
-        while (status.ok() && !at.ended()) {
-            Cell const& cell = left->get(at.i, at.j);
-            Cell const& other = right->get(at.i, at.j);
-            if (areTables(cell, other)) {
-                Sampling nested{&nestedBody(cell), &nestedBody(other)};
-                status = nested.left->checkShape(*nested.right);
-                if (status.ok()) {
-                    return nested;
+        for (; status.ok() && !at.ended(); at.nextIndex()) {
+            Column const cells = left->column(at.i, at.items);
+            Column const others = right->column(at.i, at.items);
+            while (at.j < at.items) {
+                Cell const& cell = cells[at.j];
+                Cell const& other = others[at.j];
+                if (areTables(cell, other)) {
+                    Sampling nested{&nestedBody(cell), &nestedBody(other)};
+                    status = nested.left->checkShape(*nested.right);
+                    if (status.ok()) {
+                        return nested;
+                    }
+                    put(Cell());
+                    return std::nullopt;
                 }
-                put(Cell());
-                break;
+                bool const numbers = cell.isA() == Cell::NumericCell && other.isA() == Cell::NumericCell;
+                put(numbers ? mark : Cell());
             }
-            bool const numbers = cell.isA() == Cell::NumericCell && other.isA() == Cell::NumericCell;
-            put(numbers ? mark : Cell());
         }
         return std::nullopt;
     }
 
-    void put(Cell const& cell) {
-        TableImplementation::made(templ).at(at.i, at.j) = cell;
-        at.step();
-    }
+    void put(Cell const& cell) { at.put(templ, cell); }
 };
 
 /// A table being summed under a template.
@@ -169,28 +208,30 @@ struct Summation {
     Key key() const { return {data, templ}; }
 
     /// Adds cells to `total` up to the next nested tables whose sum is not known and begins with those.
-    std::optional<Summation> advance(Str const& op, Sums const& known, double& total) {
-        for (; !at.ended(); at.step()) {
-            Cell const& cell = data->get(at.i, at.j);
-            Cell const& guide = templ->get(at.i, at.j);
-            if (guide.isA() == Cell::TableCell) {
-                Summation nested = beginNested(cell, guide);
-                auto const met = known.find(nested.key());
-                if (met == known.end()) {
-                    return nested;
+    std::optional<Summation> advance(Operator op, Sums const& known, Markers& markers, double& total) {
+        for (; !at.ended(); at.nextIndex()) {
+            Column const cells = data->column(at.i, at.items);
+            Column const guides = templ->column(at.i, at.items);
+            for (; at.j < at.items; ++at.j) {
+                Cell const& cell = cells[at.j];
+                Cell const& guide = guides[at.j];
+                if (guide.isA() == Cell::TableCell) {
+                    Summation nested = beginNested(cell, guide);
+                    auto const met = known.find(nested.key());
+                    if (met == known.end()) {
+                        return nested;
+                    }
+                    add(op, met->second, total);
+                } else if (markers.contain(guide)) {
+                    add(op, cell.isA() == Cell::NumericCell ? numberOf(cell).get() : 0, total);
                 }
-                add(op, met->second, total);
-            } else if (isMarker(guide)) {
-                double value = 0; // stays so for a cell that is no number
-                cell.get(value);
-                add(op, value, total);
             }
         }
         return std::nullopt;
     }
 
-    static void add(Str const& op, double value, double& total) {
-        if (!(op == "+")) {
+    static void add(Operator op, double value, double& total) {
+        if (op != Operator::Add) {
             raise("Unsupported Unary operation");
         }
         total += value;
@@ -221,10 +262,13 @@ Status TableImplementation::checkShape(TableImplementation const& other) const {
 Status TableImplementation::operation(TableImplementation const& right, Str const& op,
                                       TableImplementation const& templ, Ptr<Table>& result) const {
     Ptr<Table> const former = result; // `op` may be its name
-    Combination root = Combination::begin(*this, right, templ, op);
+    Operation const compute(op);
+    Markers markers;
+    Combination root = Combination::begin(*this, right, templ, compute);
     result = root.computed;
     descend(
-        std::move(root), [&](Descent<Combination>& descent) { return descent.back().advance(op); },
+        std::move(root),
+        [&](Descent<Combination>& descent) { return descent.back().advance(compute, markers); },
         [](Descent<Combination>& descent, Combination const& done) {
             descent.back().put(Cell(done.computed));
         });
@@ -250,19 +294,21 @@ Status TableImplementation::makeTemplate(TableImplementation const& other, Ptr<T
 
 Status TableImplementation::unaryOperation(Str const& op, TableImplementation const& templ,
                                            double& total) const {
+    Operator const decoded = operatorOf(op);
+    Markers markers;
     Summation::Sums known; // a table can be reached along 2^depth ways
     auto const sumOf = [&](Descent<Summation>& descent) -> double& {
         return descent.size() == 1 ? total : descent.back().sum; // `total` counts also when this raises
     };
     auto const advance = [&](Descent<Summation>& descent) {
-        return descent.back().advance(op, known, sumOf(descent));
+        return descent.back().advance(decoded, known, markers, sumOf(descent));
     };
     auto const finish = [&](Descent<Summation>& descent, Summation const& done) {
         if (done.repeats) {
             known.emplace(done.key(), done.sum);
         }
-        Summation::add(op, done.sum, sumOf(descent));
-        descent.back().at.step();
+        Summation::add(decoded, done.sum, sumOf(descent));
+        ++descent.back().at.j;
     };
     descend(Summation::begin(*this, templ, false), advance, finish);
     return Status();

@@ -103,6 +103,13 @@ TableImplementation::Index& TableImplementation::addSized(Cell const& name, std:
     return indices_.back();
 }
 
+TableImplementation::Index& TableImplementation::addReserved(std::size_t items) {
+    Index added;
+    added.reserve(items);
+    indices_.push_back(std::move(added));
+    return indices_.back();
+}
+
 void TableImplementation::cut(std::size_t i, std::size_t length) {
     if (length == npos) {
         indices_.resize(i);

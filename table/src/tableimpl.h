@@ -58,6 +58,10 @@ public:
     std::size_t addIndex(Str const& name);
     /// Adds an index of so many items, at least one, the first of them `name`.
     Index& addSized(Cell const& name, std::size_t items);
+    /// Adds an index without items, with room for so many.
+    Index& addReserved(std::size_t items);
+    /// The last index.
+    Index& last() { return indices_.back(); }
     /// Takes items from the end of index i until it has `length` of them, or with npos takes the indices from
     /// i on.
     void cut(std::size_t i, std::size_t length);
