@@ -1,3 +1,4 @@
+#include "cell/cellequal.h"
 #include "table/src/descent.h"
 #include "table/src/namelookup.h"
 #include "table/src/tableimpl.h"
@@ -19,6 +20,7 @@ struct Pair {
     bool repeats = false; // the left one may be met again
     bool reverse = false;
     bool paired = false; // index i has been paired
+    bool aligned = true; // every index paired so far has a text for a name and its partner's place
     bool differs = false;
     std::size_t leftItems = left->items();
     std::size_t rightItems = right->items();
@@ -41,12 +43,24 @@ struct Pair {
 
     /// Finds the far table's index for index i: that of its name or, without a name, of its position.
     void pairIndex() {
-        Str const text = name();
-        std::size_t const position = i < far().indices() ? i : Table::npos;
-        k = text.empty() ? position : find(Cell(text));
+        Cell const& title = near().get(i, 0);
+        if (title.isA() == Cell::StringCell && !title.empty()) {
+            k = find(title); // its text reads as itself
+            aligned &= k == i && far().get(k, 0).isA() == Cell::StringCell;
+        } else {
+            Str const text = name();
+            std::size_t const position = i < far().indices() ? i : Table::npos;
+            k = text.empty() ? position : find(Cell(text));
+            aligned = false;
+        }
         shared = k == Table::npos ? 0 : reverse ? leftItems : rightItems;
         item = reverse ? shared : 0;
         paired = true;
+    }
+
+    /// True when every position of the right table has been met from the left one.
+    bool covered() const {
+        return aligned && right->indices() <= left->indices() && rightItems <= leftItems;
     }
 
     void nextIndex() {
@@ -109,7 +123,7 @@ private:
                 }
                 listMissing(descent);
             }
-            if (pair.reverse || complete(pair)) {
+            if (pair.reverse || pair.covered() || complete(pair)) {
                 return std::nullopt;
             }
         }
@@ -117,12 +131,17 @@ private:
 
     std::optional<Pair> compareShared(Descent<Pair>& descent) {
         Pair& pair = descent.back();
-        std::size_t const end = std::min(pair.leftItems, pair.shared);
-        for (; !pair.reverse && pair.item < end && !complete(pair); ++pair.item) {
-            Cell const& left = pair.left->get(pair.i, pair.item);
-            Cell const& right = pair.right->get(pair.k, pair.item);
+        std::size_t const end = pair.reverse ? 0 : std::min(pair.leftItems, pair.shared);
+        if (pair.item >= end) {
+            return std::nullopt;
+        }
+        Column const lefts = pair.left->column(pair.i, pair.leftItems);
+        Column const rights = pair.right->column(pair.k, pair.rightItems);
+        for (; pair.item < end && !complete(pair); ++pair.item) {
+            Cell const& left = lefts[pair.item];
+            Cell const& right = rights[pair.item];
             if (left.isA() != Cell::TableCell || right.isA() != Cell::TableCell) {
-                if (!left.compare(right, flag_)) {
+                if (!equalCells(left, right, flag_)) {
                     add(descent, left, right);
                 }
             } else if (Pair nested = nestedPair(left, right); !equal_.contains(nested.key())) {

@@ -1,6 +1,7 @@
 #include "table/src/tableimpl.h"
 
 #include "base/immortal.h"
+#include "cell/cellequal.h"
 
 #include <algorithm>
 #include <utility>
@@ -73,7 +74,7 @@ Cell& TableImplementation::at(Str const& name, std::size_t j, Cell const& cell) 
 
 std::size_t TableImplementation::findIndex(Cell const& name) const {
     for (std::size_t i = 0; i < indices_.size(); ++i) {
-        if (!indices_[i].empty() && indices_[i].front().compare(name, false)) {
+        if (!indices_[i].empty() && equalCells(indices_[i].front(), name, false)) {
             return i;
         }
     }
