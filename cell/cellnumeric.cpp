@@ -77,7 +77,7 @@ Ptr<CellImplementation> CellNumeric::clone() const {
 
 std::ostream& CellNumeric::display(std::ostream& os) const {
     if (!value_.isValid()) {
-        return os << "[Undefined]";
+        return os << undefinedText;
     }
     return isWhole(value_.get()) ? os << value_.get() : writeExact(os, value_.get());
 }

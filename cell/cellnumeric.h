@@ -2,7 +2,12 @@
 
 #include "cell/cellimplementation.h"
 
+#include <string_view>
+
 namespace QX {
+
+/// What a number displays that is not valid.
+inline constexpr std::string_view undefinedText = "[Undefined]";
 
 /// What can be computed of two numbers.
 enum class Operator { Add, Subtract, Multiply, Divide, Remainder, Unknown };

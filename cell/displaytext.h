@@ -2,11 +2,15 @@
 
 #include "qx/cell.h"
 
+#include <limits>
 #include <string>
 
 namespace QX {
 
-/// Appends what the cell displays in the classic locale with 17 digits, by which all doubles differ.
-void appendDisplayText(std::string& text, Cell const& cell);
+/// So many digits tell all doubles apart.
+inline constexpr int displayDigits = std::numeric_limits<double>::max_digits10;
+
+/// Appends what the cell displays in the classic locale with `digits` digits of a number, from 6 to 17.
+void appendDisplayText(std::string& text, Cell const& cell, int digits = displayDigits);
 
 } // namespace QX

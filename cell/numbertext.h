@@ -28,7 +28,8 @@ bool isWhole(double number);
 /// is none of these.
 AnalyticDouble readNumber(std::string_view text);
 
-/// Appends the number as a stream of the classic locale writes it with `precision` significant digits.
+/// Appends the number as a stream of the classic locale writes it with `precision` significant digits,
+/// from 6 to 17.
 void appendGeneral(std::string& text, double number, int precision);
 
 /// Appends the exact form: the low and the high half of the double's bits as signed ints.

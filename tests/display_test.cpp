@@ -1,6 +1,7 @@
 #include "brief.h"
 
 #include <iomanip>
+#include <locale>
 
 namespace QX {
 namespace {
@@ -60,6 +61,34 @@ TEST(TableDisplay, IsVirtualForNestedTables) {
     holder->at(0, 0) = Cell(Ptr<Table>(new Loud("l")));
     EXPECT_EQ(shown(*holder), "loud 0: Table - 0\nTable - t\nIndex 0 <`Table 0'> \n");
     EXPECT_EQ(printed(holder->get(0, 0)), "loud -1: Table - l\n");
+}
+
+/// Takes so many bytes.
+struct Narrow : std::streambuf {
+    explicit Narrow(std::size_t room) : text(room, '.') { setp(text.data(), text.data() + text.size()); }
+    std::string text;
+};
+
+TEST(TableDisplay, WritesTheSameBytesToEveryStream) {
+    Ptr<Table> const table =
+        brief("a \"\" - ? {n 5 } !boom | n 0 -0 7 -999999 1e6 1234567 4e15 1e300 0.1 "
+              "2.9999999999999996 1e-17 inf -inf nan | long");
+    table->at(2, Table::npos) = Str(std::string(5000, 'x') + '\n');
+    for (std::streamsize const precision : {6, 0, 9, 17, 30}) {
+        for (std::size_t const room : {100000, 5200, 150, 0}) {
+            Narrow bytes(room);
+            Narrow pieces(room);
+            std::ostream direct(&bytes);
+            std::ostream ownFacets(&pieces);
+            direct.precision(precision);
+            ownFacets.precision(precision);
+            ownFacets.imbue(std::locale(std::locale::classic(), new std::numpunct<char>));
+            table->display(direct);
+            table->display(ownFacets);
+            EXPECT_EQ(bytes.text, pieces.text) << precision << ", " << room;
+            EXPECT_EQ(direct.rdstate(), ownFacets.rdstate());
+        }
+    }
 }
 
 /// Counts the flushes that reach it.

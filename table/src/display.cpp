@@ -1,4 +1,6 @@
+#include "base/strview.h"
 #include "table/src/descent.h"
+#include "table/src/linewriter.h"
 #include "table/src/tableimpl.h"
 
 #include <bit>
@@ -15,25 +17,25 @@ int successor(int number) {
 }
 
 /// Writes the line of index i; `nested` is the number of the last nested table before it, and is carried on.
-void displayIndex(std::ostream& os, std::size_t i, std::vector<Cell> const& index, int& nested) {
+void displayIndex(LineWriter& line, std::size_t i, std::vector<Cell> const& index, int& nested) {
     if (i == 0) {
-        os << "Index 0 <";
+        line << "Index 0 <";
     } else {
-        os << "      " << i << " <";
+        line << "      " << i << " <";
     }
     if (index.empty()) {
-        os << ">";
+        line << ">";
     }
     for (std::size_t j = 0; j < index.size(); ++j) {
         if (index[j].isA() == Cell::TableCell) {
             nested = successor(nested);
-            os << "`Table " << nested << "'";
+            line << "`Table " << nested << "'";
         } else {
-            os << index[j];
+            line << index[j];
         }
-        os << (j == 0 ? "> " : " ");
+        line << (j == 0 ? "> " : " ");
     }
-    os << std::endl;
+    line.endLine();
 }
 
 /// A table whose nested tables are displayed, which come before itself.
@@ -49,11 +51,10 @@ struct Display {
     /// Steps over the next table cell and numbers its table; null when there is none.
     Table const* nextNested() {
         for (; i < body->indices(); ++i, j = 0) {
-            for (std::size_t const length = body->length(i); j < length; ++j) {
-                if (Table const* const table = nestedIn(body->get(i, j))) {
+            for (std::vector<Cell> const& index = body->index(i); j < index.size(); ++j) {
+                if (index[j].isA() == Cell::TableCell) {
                     nested = successor(nested);
-                    ++j;
-                    return table;
+                    return nestedIn(index[j++]);
                 }
             }
         }
@@ -93,6 +94,7 @@ thread_local constinit Call const* Call::innermost = nullptr;
 
 std::ostream& TableImplementation::display(std::ostream& os, int number) const {
     Call const call(this);
+    LineWriter line(os);
     auto const advance = [&](Descent<Display>& descent) -> std::optional<Display> {
         Display& walk = descent.back();
         while (Table const* const table = walk.nextNested()) {
@@ -101,24 +103,25 @@ std::ostream& TableImplementation::display(std::ostream& os, int number) const {
             }
             table->display(os, walk.nested);
         }
-        walk.body->displayOwn(os, walk.number);
+        walk.body->displayOwn(line, walk.number);
         return std::nullopt;
     };
     descend(Display{this, number}, advance, [](Descent<Display>&, Display const&) {});
     return os;
 }
 
-void TableImplementation::displayOwn(std::ostream& os, int number) const {
-    os << "Table - ";
+void TableImplementation::displayOwn(LineWriter& line, int number) const {
+    line.look();
+    line << "Table - ";
     if (number == -1) {
-        os << name_;
+        line << viewOf(name_);
     } else {
-        os << number;
+        line << number;
     }
-    os << std::endl;
+    line.endLine();
     int nested = number;
     for (std::size_t i = 0; i < indices_.size(); ++i) {
-        displayIndex(os, i, indices_[i], nested);
+        displayIndex(line, i, indices_[i], nested);
     }
 }
 

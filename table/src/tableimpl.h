@@ -11,6 +11,8 @@
 
 namespace QX {
 
+class LineWriter;
+
 /// How one table is laid over another.
 struct OverlayFlags {
     bool matchedOnly;
@@ -48,6 +50,8 @@ public:
 
     /// The first index whose name equals `name`, or npos.
     std::size_t findIndex(Cell const& name) const;
+    /// The items of index i.
+    Index const& index(std::size_t i) const { return indices_[i]; }
     /// Index i as a column of `items` cells.
     Column column(std::size_t i, std::size_t items) const {
         return {indices_[i], items, sharedEmptyCell()};
@@ -127,7 +131,7 @@ private:
     /// table, whose copy the caller is to add. Null at the end.
     Table const* cloneCells(TableImplementation& copy, std::size_t width) const;
     /// Writes this table behind its nested tables, which were numbered from `number` + 1.
-    void displayOwn(std::ostream& os, int number) const;
+    void displayOwn(LineWriter& line, int number) const;
     /// A new table of the names row and the given rows, in their order.
     Ptr<Table> pickRows(Str const& name, Rows const& rows) const;
     /// Drops all rows but the names row and the given ones, which ascend.
