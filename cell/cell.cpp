@@ -9,6 +9,7 @@
 #include "cell/cellstring.h"
 #include "cell/celltable.h"
 #include "cell/numbertext.h"
+#include "cell/plaintext.h"
 
 #include <ostream>
 #include <string_view>
@@ -35,6 +36,9 @@ CellContent share(Cell::CellType kind, Args&&... args) {
 
 CellContent contentOf(Str const& text) {
     std::string_view const view = viewOf(text);
+    if (isPlainText(view)) {
+        return share<CellString>(Cell::StringCell, text);
+    }
     AnalyticDouble const number = readNumber(view);
     if (number.isValid()) {
         return CellContent(number.get(), true);

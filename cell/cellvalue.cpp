@@ -1,7 +1,5 @@
 #include "cell/cellvalue.h"
 
-#include "base/strview.h"
-#include "cell/cellstring.h"
 #include "cell/celltable.h"
 
 #include <algorithm>
@@ -16,10 +14,6 @@ Body const& bodyOf(Cell const& cell) {
 }
 
 } // namespace
-
-std::string_view textOf(Cell const& cell) {
-    return viewOf(bodyOf<CellString>(cell).text());
-}
 
 Table const* nestedOf(Cell const& cell) {
     return bodyOf<CellTable>(cell).table();

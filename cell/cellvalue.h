@@ -1,6 +1,8 @@
 #pragma once
 
+#include "base/strview.h"
 #include "cell/cellimplementation.h"
+#include "cell/cellstring.h"
 
 #include <cstdint>
 #include <string_view>
@@ -26,7 +28,10 @@ inline AnalyticDouble numberOf(Cell const& cell) {
 }
 
 /// The text of a string cell.
-std::string_view textOf(Cell const& cell);
+inline std::string_view textOf(Cell const& cell) {
+    CellImplementation const& body = *CellImplementation::contentOf(cell).body();
+    return viewOf(static_cast<CellString const&>(body).text());
+}
 
 /// The nested table of a table cell.
 Table const* nestedOf(Cell const& cell);

@@ -1,7 +1,7 @@
 #include "table/src/tableimpl.h"
 
 #include "base/immortal.h"
-#include "cell/cellequal.h"
+#include "table/src/name.h"
 
 #include <algorithm>
 #include <utility>
@@ -26,12 +26,8 @@ std::size_t TableImplementation::items() const {
     return most;
 }
 
-Cell const& TableImplementation::get(std::size_t i, std::size_t j) const {
-    return i < indices_.size() && j < indices_[i].size() ? indices_[i][j] : sharedEmptyCell();
-}
-
 Cell const& TableImplementation::get(Str const& name, std::size_t j) const {
-    return get(findIndex(Cell(name)), j);
+    return get(findIndex(Name(viewOf(name))), j);
 }
 
 Cell& TableImplementation::at(std::size_t i, std::size_t j) {
@@ -45,13 +41,13 @@ Cell& TableImplementation::at(std::size_t i, std::size_t j) {
 }
 
 Cell& TableImplementation::at(Str const& name, std::size_t j) {
-    Cell const nameCell(name);
-    std::size_t const i = findIndex(nameCell);
+    Name const sought(viewOf(name));
+    std::size_t const i = findIndex(sought);
     if (i != npos) {
         return at(i, j);
     }
     std::size_t const position = j == npos ? 1 : j;
-    return addSized(nameCell, position + 1)[position];
+    return addSized(sought.cell(), position + 1)[position];
 }
 
 Cell& TableImplementation::at(std::size_t i, std::size_t j, Cell const& cell) {
@@ -72,13 +68,17 @@ Cell& TableImplementation::at(Str const& name, std::size_t j, Cell const& cell) 
     return place;
 }
 
-std::size_t TableImplementation::findIndex(Cell const& name) const {
+std::size_t TableImplementation::findIndex(Name const& name) const {
     for (std::size_t i = 0; i < indices_.size(); ++i) {
-        if (!indices_[i].empty() && equalCells(indices_[i].front(), name, false)) {
+        if (!indices_[i].empty() && name.matches(indices_[i].front())) {
             return i;
         }
     }
     return npos;
+}
+
+std::size_t TableImplementation::findIndex(Cell const& name) const {
+    return findIndex(Name(name));
 }
 
 std::size_t TableImplementation::addIndex(Str const& name) {

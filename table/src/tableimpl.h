@@ -12,6 +12,7 @@
 namespace QX {
 
 class LineWriter;
+class Name;
 
 /// How one table is laid over another.
 struct OverlayFlags {
@@ -40,7 +41,9 @@ public:
     std::size_t items() const;
     /// The number of items of one index.
     std::size_t length(std::size_t i) const { return indices_[i].size(); }
-    Cell const& get(std::size_t i, std::size_t j) const;
+    Cell const& get(std::size_t i, std::size_t j) const {
+        return i < indices_.size() && j < indices_[i].size() ? indices_[i][j] : sharedEmptyCell();
+    }
     Cell const& get(Str const& name, std::size_t j) const;
     Cell& at(std::size_t i, std::size_t j);
     Cell& at(Str const& name, std::size_t j);
@@ -49,6 +52,7 @@ public:
     Cell& at(Str const& name, std::size_t j, Cell const& cell);
 
     /// The first index whose name equals `name`, or npos.
+    std::size_t findIndex(Name const& name) const;
     std::size_t findIndex(Cell const& name) const;
     /// The items of index i.
     Index const& index(std::size_t i) const { return indices_[i]; }

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "base/fastpaths.h"
+#include "base/strview.h"
+#include "cell/cellvalue.h"
+#include "cell/plaintext.h"
+
+#include <string_view>
+
+namespace QX {
+
+/// A name that is looked up: the cell that Cell(Str const&) makes of its text, made only where it takes more
+/// than the text's bytes to find the name. Valid as long as the text or cell that it was made of.
+class Name {
+public:
+    explicit Name(std::string_view text)
+        : text_(text), plain_(fastPaths && isPlainText(text)),
+          cell_(plain_ ? Cell() : Cell(toStr(text))) {}
+    explicit Name(Cell const& cell)
+        : text_(cell.isA() == Cell::StringCell ? textOf(cell) : std::string_view()),
+          plain_(fastPaths && isPlainText(text_)), cell_(cell) {}
+
+    /// True when the first cell of an index equals this name.
+    bool matches(Cell const& first) const {
+        // A plain text equals no cell of another kind: it is not empty, and no number has its date.
+        return plain_ ? first.isA() == Cell::StringCell && textOf(first) == text_
+                      : first.compare(cell_, false);
+    }
+    /// The cell to name an index by.
+    Cell cell() const { return cell_.isA() == Cell::EmptyCell && plain_ ? Cell(toStr(text_)) : cell_; }
+
+private:
+    std::string_view text_;
+    bool plain_;
+    Cell cell_; // empty if it is not needed
+};
+
+} // namespace QX
