@@ -24,7 +24,7 @@ public:
     Status get(Ptr<Table const>& out) const override;
     bool lessThan(CellImplementation const& other) const override;
 
-    Table const* table() const { return table_.get(); }
+    Ptr<Table> const& table() const { return table_; }
     /// The number of handles that share the table.
     std::uint32_t owners() const { return table_.useCount(); }
 

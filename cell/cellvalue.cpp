@@ -15,7 +15,7 @@ Body const& bodyOf(Cell const& cell) {
 
 } // namespace
 
-Table const* nestedOf(Cell const& cell) {
+Ptr<Table> const& handleOf(Cell const& cell) {
     return bodyOf<CellTable>(cell).table();
 }
 
@@ -33,7 +33,7 @@ CellValue valueOf(Cell const& cell) {
         value.number = numberOf(cell);
         break;
     case Cell::TableCell:
-        value.table = nestedOf(cell);
+        value.table = handleOf(cell).get();
         break;
     }
     return value;

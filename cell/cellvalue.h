@@ -33,12 +33,17 @@ inline std::string_view textOf(Cell const& cell) {
     return viewOf(static_cast<CellString const&>(body).text());
 }
 
-/// The nested table of a table cell.
-Table const* nestedOf(Cell const& cell);
+/// The handle by which a table cell holds its nested table.
+Ptr<Table> const& handleOf(Cell const& cell);
+
+/// That handle; null for every other cell.
+inline Ptr<Table> const* handleIn(Cell const& cell) {
+    return cell.isA() == Cell::TableCell ? &handleOf(cell) : nullptr;
+}
 
 /// The nested table of a table cell without a handle of its own; null for every other cell.
 inline Table const* nestedIn(Cell const& cell) {
-    return cell.isA() == Cell::TableCell ? nestedOf(cell) : nullptr;
+    return cell.isA() == Cell::TableCell ? handleOf(cell).get() : nullptr;
 }
 
 /// Looks at `cell`.

@@ -27,7 +27,7 @@ public:
     void keep() { additions_.clear(); }
 
     /// The data body of a table, made where it has none.
-    Body bodyOf(Ptr<Table> const& table) {
+    Body const& bodyOf(Ptr<Table> const& table) {
         Body& data = TableImplementation::dataOf(*table);
         if (!data) {
             additions_.push_back({table, Body(), 0, 0});

@@ -41,13 +41,16 @@ Cell& TableImplementation::at(std::size_t i, std::size_t j) {
 }
 
 Cell& TableImplementation::at(Str const& name, std::size_t j) {
-    Name const sought(viewOf(name));
-    std::size_t const i = findIndex(sought);
+    return at(Name(viewOf(name)), j);
+}
+
+Cell& TableImplementation::at(Name const& name, std::size_t j) {
+    std::size_t const i = findIndex(name);
     if (i != npos) {
         return at(i, j);
     }
     std::size_t const position = j == npos ? 1 : j;
-    return addSized(sought.cell(), position + 1)[position];
+    return addSized(name.cell(), position + 1)[position];
 }
 
 Cell& TableImplementation::at(std::size_t i, std::size_t j, Cell const& cell) {
@@ -119,9 +122,14 @@ void TableImplementation::cut(std::size_t i, std::size_t length) {
     }
 }
 
-void TableImplementation::addFilled(Cell const& name, std::vector<Cell>&& items) {
-    items.insert(items.begin(), name);
-    indices_.push_back(std::move(items));
+void TableImplementation::addFilled(Cell const& name, std::span<Cell const* const> items) {
+    Index added;
+    added.reserve(items.size() + 1);
+    added.push_back(name);
+    for (Cell const* const item : items) {
+        added.push_back(*item);
+    }
+    indices_.push_back(std::move(added));
 }
 
 } // namespace QX

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <iosfwd>
+#include <span>
 #include <vector>
 
 namespace QX {
@@ -47,6 +48,7 @@ public:
     Cell const& get(Str const& name, std::size_t j) const;
     Cell& at(std::size_t i, std::size_t j);
     Cell& at(Str const& name, std::size_t j);
+    Cell& at(Name const& name, std::size_t j);
     /// Stores at a position other than npos.
     Cell& at(std::size_t i, std::size_t j, Cell const& cell);
     Cell& at(Str const& name, std::size_t j, Cell const& cell);
@@ -73,8 +75,8 @@ public:
     /// Takes items from the end of index i until it has `length` of them, or with npos takes the indices from
     /// i on.
     void cut(std::size_t i, std::size_t length);
-    /// Adds an index of a name and further items.
-    void addFilled(Cell const& name, std::vector<Cell>&& items);
+    /// Adds an index of a name and copies of further items.
+    void addFilled(Cell const& name, std::span<Cell const* const> items);
 
     bool check() const;
     /// A deep copy of a table and its attributes.

@@ -1,13 +1,17 @@
 #include "base/strview.h"
+#include "cell/cellvalue.h"
 #include "qx/except.h"
 #include "table/src/growth.h"
+#include "table/src/name.h"
 #include "table/src/pathstep.h"
 #include "table/src/raise.h"
 #include "table/src/tableimpl.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <memory_resource>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace QX {
@@ -16,11 +20,64 @@ namespace {
 
 using Body = Growth::Body;
 
+/// How a walk reads: by mere addresses, since nothing changes meanwhile.
+class Reading {
+public:
+    using Value = Cell const*;
+    using Place = TableImplementation const*;
+
+    static Cell const* cellOf(Value value) { return value; }
+    static Place tableIn(Value value) {
+        Table const* const table = nestedIn(*value);
+        return table == nullptr ? nullptr : &TableImplementation::of(*table);
+    }
+    static std::size_t indexOf(Place table, PathStep const& /*step*/, Name const& name) {
+        return table->findIndex(name);
+    }
+    static std::size_t itemsOf(Place table) { return table->items(); }
+    static Value at(Place table, std::size_t i, std::size_t k) { return &table->get(i, k); }
+};
+
+/// How a walk makes the indices and items that it lacks. It shares the bodies of the cells that it has
+/// reached, since the cells move when their table grows.
+class Growing {
+public:
+    using Value = Cell;
+    using Place = Body const*;
+
+    explicit Growing(Growth& growth) : growth_(growth) {}
+
+    static Cell const* cellOf(Value const& value) { return &value; }
+    Place tableIn(Value const& value) const {
+        Ptr<Table> const* const table = handleIn(value);
+        return table == nullptr ? nullptr : &growth_.bodyOf(*table);
+    }
+    /// The named index, added with a new table in item 1 where there is none.
+    std::size_t indexOf(Place table, PathStep const& step, Name const& name) const {
+        std::size_t const index = (*table)->findIndex(name);
+        if (index != Table::npos) {
+            return index;
+        }
+        Cell const nested(makePtr<Table>(toStr(step.name)));
+        std::size_t const item = step.item == Table::npos ? 1 : step.item;
+        growth_.addSized(*table, name.cell(), std::max<std::size_t>(item, 1) + 1)[1] = nested;
+        return (*table)->indices() - 1;
+    }
+    static std::size_t itemsOf(Place table) { return (*table)->items(); }
+    Value const& at(Place table, std::size_t i, std::size_t k) const { return growth_.at(*table, i, k); }
+
+private:
+    Growth& growth_;
+};
+
 /// Follows a path from one table: each step is applied to every table that the step before has reached.
+template <typename Access>
 class Walk {
 public:
-    /// With `growth` a step makes the indices and items that it lacks.
-    explicit Walk(Body const& root, Growth* growth = nullptr) : root_(root), growth_(growth) {}
+    using Value = typename Access::Value;
+    using Place = typename Access::Place;
+
+    explicit Walk(Place root, Access const& access = Access()) : root_(root), access_(access) {}
 
     /// Takes the steps of `path`, without the last if that is left to the caller. Stops at a step without
     /// a name or with a number that cannot be read.
@@ -39,64 +96,46 @@ public:
     bool begun() const { return !name_.empty(); }
     /// The name of the last step taken.
     std::string_view name() const { return name_; }
-    /// The cells that the last step reached.
-    std::vector<Cell>& values() { return values_; }
-
-    /// The first cell that was reached, as a table to write to; null when it is none. Before the first
-    /// step it is the table that the walk began with.
-    Body firstTable(Growth& growth) const {
-        if (!begun()) {
-            return root_;
-        }
-        Ptr<Table> const table = values_.empty() ? Ptr<Table>() : tableOf(values_.front());
-        return table ? growth.bodyOf(table) : Body();
-    }
+    /// What the last step reached.
+    std::pmr::vector<Value> const& values() const { return values_; }
+    /// The first cell that it reached; null when there is none.
+    Cell const* first() const { return values_.empty() ? nullptr : Access::cellOf(values_.front()); }
 
 private:
     void take(PathStep const& step) {
-        std::vector<Cell> const reached = std::exchange(values_, {});
-        Cell const name(toStr(step.name));
+        Name const name(step.name);
+        reached_.swap(values_);
+        values_.clear();
+        values_.reserve(reached_.size());
         if (!begun()) {
             takeFrom(root_, step, name);
         }
         name_ = step.name;
-        for (Cell const& cell : reached) {
-            if (Ptr<Table> const table = tableOf(cell)) {
-                Body const body =
-                    growth_ == nullptr ? TableImplementation::held(*table) : growth_->bodyOf(table);
-                takeFrom(body, step, name);
+        for (Value const& value : reached_) {
+            if (Place const table = access_.tableIn(value)) {
+                takeFrom(table, step, name);
             }
         }
     }
 
     /// Takes one item of the named index or, for a step without a number, every item but the name, as many
     /// as the table's longest index has.
-    void takeFrom(Body const& table, PathStep const& step, Cell const& name) {
-        std::size_t const index =
-            growth_ == nullptr ? table->findIndex(name) : indexMade(table, step, name);
+    void takeFrom(Place table, PathStep const& step, Name const& name) {
+        std::size_t const index = access_.indexOf(table, step, name);
         bool const all = step.item == Table::npos;
-        std::size_t const end = all ? table->items() : step.item + 1;
+        std::size_t const end = all ? Access::itemsOf(table) : step.item + 1;
         for (std::size_t k = all ? 1 : step.item; k < end; ++k) {
-            values_.push_back(growth_ == nullptr ? table->get(index, k) : growth_->at(table, index, k));
+            values_.push_back(access_.at(table, index, k));
         }
     }
 
-    /// The named index, added with a new table in item 1 where there is none.
-    std::size_t indexMade(Body const& table, PathStep const& step, Cell const& name) const {
-        std::size_t const index = table->findIndex(name);
-        if (index != Table::npos) {
-            return index;
-        }
-        Cell const nested(makePtr<Table>(toStr(step.name)));
-        std::size_t const item = step.item == Table::npos ? 1 : step.item;
-        growth_->addSized(table, name, std::max<std::size_t>(item, 1) + 1)[1] = nested;
-        return table->indices() - 1;
-    }
-
-    Body root_;
-    Growth* growth_;
+    Place root_;
+    Access access_;
     std::string_view name_;
-    std::vector<Cell> values_;
+    alignas(std::max_align_t) std::array<std::byte, 256> room_; // enough for most walks
+    std::pmr::monotonic_buffer_resource memory_{room_.data(), room_.size()};
+    std::pmr::vector<Value> values_{&memory_};
+    std::pmr::vector<Value> reached_{&memory_}; // by the step before
 };
 
 /// The table that a walk starts from, which holds the addressed one.
@@ -106,39 +145,39 @@ Ptr<Table> pathBase(Body const& addressed) {
     return base;
 }
 
-} // namespace
-
-Status Table::XPath(Str const& path, Ptr<Table>& result, char separator) const {
-    Walk walk(heldBody());
-    walk.follow(viewOf(path), separator, false);
-    Ptr<Table> reached = pathBase(data_);
-    if (walk.begun()) {
-        reached = makePtr<Table>(Str("results"));
-        TableImplementation::made(reached).addFilled(Cell(toStr(walk.name())), std::move(walk.values()));
-    }
-    result = reached; // last of all, since the path may be the name of the former result
-    return Status();
-}
-
-Cell Table::atXPath(Str const& path, Cell const& /*defaultValue*/, char separator) const {
-    Walk walk(heldBody());
+/// The first value at a path.
+Cell valueAt(Body const& root, Str const& path, char separator) {
+    Walk<Reading> walk(root ? root.get() : &TableImplementation::none());
     walk.follow(viewOf(path), separator, false);
     if (!walk.begun()) {
-        return pathBase(data_)->get(0, 1);
+        return pathBase(root)->get(0, 1);
     }
-    return walk.values().empty() ? Cell() : walk.values().front();
+    return walk.first() == nullptr ? Cell() : *walk.first();
 }
 
-Cell& Table::atXPath(Str const& path, bool create, char separator) {
-    Ptr<TableImplementation> const root = heldBody();
-    Growth growth;
-    Walk walk(root, create ? &growth : nullptr);
+/// The data body of the first table that the steps of a path reach, without the last step; null when that
+/// is no table.
+template <typename Access>
+Body tableBefore(Walk<Access>&& walk, Body const& root, Str const& path, char separator,
+                 Growth& growth) {
     walk.follow(viewOf(path), separator, true);
+    if (!walk.begun()) {
+        return root;
+    }
+    Ptr<Table> const* const table = walk.first() == nullptr ? nullptr : handleIn(*walk.first());
+    return table == nullptr ? Body() : growth.bodyOf(*table);
+}
+
+/// The cell at a path, to be written; with `create`, what is missing on the way is made.
+Cell& placeAt(Body const& root, Str const& path, bool create, char separator) {
+    Growth growth;
+    Body const table =
+        create ? tableBefore(Walk<Growing>(&root, Growing(growth)), root, path, separator, growth)
+               : tableBefore(Walk<Reading>(root.get()), root, path, separator, growth);
     std::string_view rest = viewOf(path);
     rest.remove_prefix(rest.rfind(separator) + 1); // npos + 1 is 0: the whole path
     PathStep const last = takeStep(rest, separator);
-    Ptr<TableImplementation> const table = walk.firstTable(growth);
-    std::size_t const item = last.item == npos ? 1 : last.item;
+    std::size_t const item = last.item == Table::npos ? 1 : last.item;
     if (!table || !last.readable || (!create && item >= table->items())) {
         Status failure("No value at specified xpath '", Status::Error, -1);
         failure << path << "'";
@@ -151,23 +190,49 @@ Cell& Table::atXPath(Str const& path, bool create, char separator) {
             throw;
         }
     }
-    Cell& cell = table->at(toStr(last.name), item);
+    Cell& cell = table->at(Name(last.name), item);
     growth.keep();
+    return cell;
+}
+
+} // namespace
+
+Status Table::XPath(Str const& path, Ptr<Table>& result, char separator) const {
+    Walk<Reading> walk(&body());
+    walk.follow(viewOf(path), separator, false);
+    Ptr<Table> reached;
+    if (walk.begun()) {
+        reached = makePtr<Table>(Str("results"));
+        TableImplementation::made(reached).addFilled(Cell(toStr(walk.name())), walk.values());
+    } else {
+        reached = pathBase(data_);
+    }
+    result = reached; // last of all, since the path may be the name of the former result
+    return Status();
+}
+
+Cell Table::atXPath(Str const& path, Cell const& /*defaultValue*/, char separator) const {
+    return valueAt(data_, path, separator);
+}
+
+Cell& Table::atXPath(Str const& path, bool create, char separator) {
+    Ptr<TableImplementation> const root = heldBody();
+    Cell& cell = placeAt(root, path, create, separator);
     data_ = root;
     return cell;
 }
 
 Status Table::setAttribute(Str const& path, Cell const& value) {
     Cell const kept(value); // it may live in the attributes, which may grow
-    Table attributes(attributes_ ? attributes_ : makeBody(Str("Attributes")));
-    attributes.atXPath(path, true, '/') = kept;
-    attributes_ = attributes.data_;
+    Ptr<TableImplementation> const attributes = attributes_ ? attributes_ : makeBody(Str("Attributes"));
+    placeAt(attributes, path, true, '/') = kept;
+    attributes_ = attributes;
     return Status();
 }
 
 Status Table::getAttribute(Str const& path, Cell& value) const {
     if (attributes_) {
-        value = Table(attributes_).atXPath(path, Cell(), '/');
+        value = valueAt(attributes_, path, '/');
     }
     return Status();
 }
