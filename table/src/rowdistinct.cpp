@@ -2,6 +2,7 @@
 
 #include "base/fastpaths.h"
 #include "base/hash.h"
+#include "cell/cellequal.h"
 #include "cell/cellvalue.h"
 #include "cell/numbergrid.h"
 #include "table/src/keyedplaces.h"
@@ -90,7 +91,7 @@ private:
 
 bool equalRows(TableImplementation const& table, std::size_t earlier, std::size_t later) {
     for (std::size_t i = 0; i < table.indices(); ++i) {
-        if (!table.get(i, earlier).compare(table.get(i, later), false)) {
+        if (!equalCells(table.get(i, earlier), table.get(i, later), false)) {
             return false;
         }
     }

@@ -2,6 +2,7 @@
 
 #include "base/fastpaths.h"
 #include "base/strview.h"
+#include "cell/cellequal.h"
 #include "cell/cellkeys.h"
 #include "cell/cellvalue.h"
 
@@ -72,7 +73,7 @@ Rows rowsByComparing(Column const& column, Column const& values) {
     Rows rows;
     for (std::size_t c = 1; c < values.items(); ++c) {
         for (std::size_t j = 1; j < column.items(); ++j) {
-            if (column[j].compare(values[c], false)) {
+            if (equalCells(column[j], values[c], false)) {
                 rows.push_back(j);
             }
         }
@@ -93,7 +94,7 @@ Rows rowsByKeys(Column const& column, Column const& values) {
         Cell const& cell = column[j];
         sought.forEachLike(cell, [&](std::size_t c) {
             bool const listed = last[c] == j; // by another key
-            if (!listed && cell.compare(values[c], false)) {
+            if (!listed && equalCells(cell, values[c], false)) {
                 found.push_back({c, j});
                 last[c] = j;
                 ++ends[c];
