@@ -15,14 +15,35 @@ using Rows = std::vector<std::size_t>;
 class Column {
 public:
     Column(std::vector<Cell> const& cells, std::size_t items, Cell const& beyond)
-        : cells_(&cells), items_(items), beyond_(&beyond) {}
+        : cells_(&cells), title_(cells.empty() ? &beyond : &cells.front()), items_(items),
+          beyond_(&beyond) {}
+
+    /// The same column under another name, which must outlive it.
+    Column renamed(Cell const& title) const {
+        Column column(*this);
+        column.title_ = &title;
+        return column;
+    }
+    /// The same column of so many items.
+    Column resized(std::size_t items) const {
+        Column column(*this);
+        column.items_ = items;
+        return column;
+    }
 
     /// The number of items, the name included.
     std::size_t items() const { return items_; }
-    Cell const& operator[](std::size_t j) const { return j < cells_->size() ? (*cells_)[j] : *beyond_; }
+    /// Item j; item 0 is the name.
+    Cell const& operator[](std::size_t j) const {
+        if (j == 0) {
+            return *title_;
+        }
+        return j < cells_->size() ? (*cells_)[j] : *beyond_;
+    }
 
 private:
     std::vector<Cell> const* cells_;
+    Cell const* title_;
     std::size_t items_;
     Cell const* beyond_;
 };

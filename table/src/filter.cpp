@@ -43,7 +43,7 @@ Status TableImplementation::filterStep(TableImplementation const& conditions, st
         status.clear(); // a walk makes good for a name without text
     }
     if (status.ok()) {
-        result = pickRows(name_, rows);
+        result = pickRows(name_, columns(), rows);
     }
     return status;
 }

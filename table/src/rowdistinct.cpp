@@ -8,6 +8,7 @@
 #include "table/src/keyedplaces.h"
 #include "table/src/rowset.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <string_view>
@@ -89,22 +90,19 @@ private:
     bool usable_ = true;
 };
 
-bool equalRows(TableImplementation const& table, std::size_t earlier, std::size_t later) {
-    for (std::size_t i = 0; i < table.indices(); ++i) {
-        if (!equalCells(table.get(i, earlier), table.get(i, later), false)) {
-            return false;
-        }
-    }
-    return true;
+bool equalRows(std::vector<Column> const& columns, std::size_t earlier, std::size_t later) {
+    return std::all_of(columns.begin(), columns.end(), [&](Column const& column) {
+        return equalCells(column[earlier], column[later], false);
+    });
 }
 
 /// Compares each row with the kept rows of its hash, which is one and the same for rows that are equal.
-Rows distinctWithin(TableImplementation const& table, std::vector<Hash> const& hashes) {
+Rows distinctWithin(std::vector<Column> const& columns, std::vector<Hash> const& hashes) {
     RowSet kept(hashes.size());
     Rows rows;
     for (std::size_t j = 0; j < hashes.size(); ++j) {
-        bool const added =
-            kept.insert(j, hashes[j], [&](std::size_t earlier) { return equalRows(table, earlier, j); });
+        bool const added = kept.insert(
+            j, hashes[j], [&](std::size_t earlier) { return equalRows(columns, earlier, j); });
         if (added && j > 0) {
             rows.push_back(j);
         }
@@ -112,22 +110,25 @@ Rows distinctWithin(TableImplementation const& table, std::vector<Hash> const& h
     return rows;
 }
 
-} // namespace
-
-Rows distinctRows(TableImplementation const& table) {
-    if (!fastPaths) {
-        return distinctByComparing(table);
-    }
-    std::size_t const height = table.items();
-    std::vector<Hash> hashes(height);
-    for (std::size_t i = 0; i < table.indices(); ++i) {
-        ColumnHashes(table.column(i, height)).mixInto(hashes);
-    }
-    return distinctWithin(table, hashes);
+std::size_t height(std::vector<Column> const& columns) {
+    return columns.empty() ? 0 : columns.front().items();
 }
 
-Rows distinctByComparing(TableImplementation const& table) {
-    return distinctWithin(table, std::vector<Hash>(table.items()));
+} // namespace
+
+Rows distinctRows(std::vector<Column> const& columns) {
+    if (!fastPaths) {
+        return distinctByComparing(columns);
+    }
+    std::vector<Hash> hashes(height(columns));
+    for (Column const& column : columns) {
+        ColumnHashes(column).mixInto(hashes);
+    }
+    return distinctWithin(columns, hashes);
+}
+
+Rows distinctByComparing(std::vector<Column> const& columns) {
+    return distinctWithin(columns, std::vector<Hash>(height(columns)));
 }
 
 } // namespace QX

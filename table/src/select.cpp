@@ -3,6 +3,8 @@
 #include "table/src/rowdistinct.h"
 #include "table/src/tableimpl.h"
 
+#include <algorithm>
+
 namespace QX {
 
 Status TableImplementation::select(TableImplementation const& operand, Ptr<Table>& result,
@@ -14,10 +16,10 @@ Status TableImplementation::select(TableImplementation const& operand, Ptr<Table
         Ptr<Table> const others = unnamedBy(operand, keepUnmatched);
         return select(made(others), result, keepUnmatched, distinct, false);
     }
-    Ptr<Table> const table = makePtr<Table>(distinct ? Str("Distinct") : name_);
-    std::vector<Index>& selected = made(table).indices_;
+    Index const none;
     NameLookup lookup(*this);
     std::size_t const width = items();
+    std::vector<Column> selected;
     for (std::size_t k = 0; k < operand.indices(); ++k) {
         Str name;
         Status const readable = operand.get(k, 0).get(name, 0);
@@ -25,22 +27,35 @@ Status TableImplementation::select(TableImplementation const& operand, Ptr<Table
             return readable;
         }
         std::size_t const source = lookup.find(Cell(name));
-        if (source == npos && !keepUnmatched) {
-            continue;
+        if (source != npos) {
+            Cell const& rename = operand.get(k, 1);
+            selected.push_back(
+                column(source, width).renamed(rename.empty() ? operand.get(k, 0) : rename));
+        } else if (keepUnmatched) {
+            selected.push_back(Column(none, 1, sharedEmptyCell()).renamed(operand.get(k, 0)));
         }
-        if (source == npos) {
-            selected.emplace_back(1, operand.get(k, 0));
-            continue;
-        }
-        Index& index = selected.emplace_back(padded(indices_[source], width));
-        Cell const& rename = operand.get(k, 1);
-        index.front() = rename.empty() ? operand.get(k, 0) : rename;
     }
-    if (distinct) {
-        made(table).keepRows(distinctRows(made(table)));
-    }
-    result = table;
+    result = distinct ? pickDistinct(selected) : copied(selected);
     return Status();
+}
+
+Ptr<Table> TableImplementation::copied(std::vector<Column> const& columns) const {
+    Ptr<Table> const table = makePtr<Table>(name_);
+    for (Column const& column : columns) {
+        made(table).indices_.push_back(padded(column));
+    }
+    return table;
+}
+
+Ptr<Table> TableImplementation::pickDistinct(std::vector<Column>& columns) {
+    std::size_t height = 0;
+    for (Column const& column : columns) {
+        height = std::max(height, column.items());
+    }
+    for (Column& column : columns) {
+        column = column.resized(height);
+    }
+    return pickRows("Distinct", columns, distinctRows(columns));
 }
 
 Ptr<Table> TableImplementation::unnamedBy(TableImplementation const& operand, bool keepUnnamed) const {

@@ -34,11 +34,11 @@ Rows placesOf(Rows const& rows, std::size_t height) {
     return places;
 }
 
-/// The listed rows of a column, behind room for a name.
+/// The listed rows of a column, behind its name.
 Cells gathered(Column const& column, Rows const& rows) {
     Cells cells;
     cells.reserve(rows.size() + 1);
-    cells.emplace_back();
+    cells.push_back(column[0]);
     for (std::size_t const row : rows) {
         cells.push_back(column[row]);
     }
@@ -47,11 +47,12 @@ Cells gathered(Column const& column, Rows const& rows) {
 
 /// The same with every row put in its place. Reads cells in the order in which they lie in memory, which
 /// takes a quarter to a third less time than gathering 400,000 shuffled rows.
-Cells scattered(Cells const& index, Rows const& places, std::size_t count) {
+Cells scattered(Column const& column, Rows const& places, std::size_t count) {
     Cells cells(count + 1);
-    for (std::size_t row = 1; row < index.size(); ++row) {
+    cells.front() = column[0];
+    for (std::size_t row = 1; row < column.items(); ++row) {
         if (places[row] != 0) {
-            cells[places[row]] = index[row];
+            cells[places[row]] = column[row];
         }
     }
     return cells;
@@ -93,31 +94,37 @@ void TableImplementation::copyRectangle(TableImplementation& target) const {
     }
     target.indices_.reserve(indices());
     for (Index const& index : indices_) {
-        target.indices_.push_back(padded(index, width));
+        target.indices_.push_back(padded(Column(index, width, sharedEmptyCell())));
     }
 }
 
-TableImplementation::Index TableImplementation::padded(Index const& index, std::size_t width) {
+TableImplementation::Index TableImplementation::padded(Column const& column) {
     Index copy;
-    copy.reserve(width);
-    copy.assign(index.begin(), index.end());
-    copy.resize(width);
+    copy.reserve(column.items());
+    for (std::size_t j = 0; j < column.items(); ++j) {
+        copy.push_back(column[j]);
+    }
     return copy;
 }
 
-Ptr<Table> TableImplementation::pickRows(Str const& name, Rows const& rows) const {
+std::vector<Column> TableImplementation::columns() const {
+    std::size_t const height = items();
+    std::vector<Column> columns;
+    for (std::size_t i = 0; i < indices(); ++i) {
+        columns.push_back(column(i, height));
+    }
+    return columns;
+}
+
+Ptr<Table> TableImplementation::pickRows(Str const& name, std::vector<Column> const& columns,
+                                         Rows const& rows) {
     Ptr<Table> const table = makePtr<Table>(name);
     std::vector<Index>& picked = made(table).indices_;
-    picked.reserve(indices());
-    std::size_t const height = items();
-    Rows const places = placesOf(rows, height);
-    for (std::size_t i = 0; i < indices(); ++i) {
-        if (places.empty()) {
-            picked.push_back(gathered(column(i, height), rows));
-        } else {
-            picked.push_back(scattered(indices_[i], places, rows.size()));
-        }
-        picked.back().front() = get(i, 0);
+    picked.reserve(columns.size());
+    Rows const places = placesOf(rows, columns.empty() ? 0 : columns.front().items());
+    for (Column const& column : columns) {
+        picked.push_back(places.empty() ? gathered(column, rows)
+                                        : scattered(column, places, rows.size()));
     }
     return table;
 }

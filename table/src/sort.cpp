@@ -46,7 +46,7 @@ Status TableImplementation::sort(TableImplementation const& operand, Ptr<Table>&
     if (!columns.empty()) {
         Rows rows(height > 1 ? height - 1 : 0);
         std::iota(rows.begin(), rows.end(), std::size_t{1});
-        result = pickRows(name_, ordered(columns, std::move(rows), ascending));
+        result = pickRows(name_, this->columns(), ordered(columns, std::move(rows), ascending));
     }
     return status;
 }

@@ -64,6 +64,8 @@ public:
     }
     /// Index i as a column of this table.
     Column column(std::size_t i) const { return column(i, items()); }
+    /// All indices as columns of this table.
+    std::vector<Column> columns() const;
     /// Adds an index that holds only its name and returns its number.
     std::size_t addIndex(Str const& name);
     /// Adds an index of so many items, at least one, the first of them `name`.
@@ -131,15 +133,19 @@ public:
     void copyRectangle(TableImplementation& target) const;
 
 private:
-    /// A copy of an index with empty cells added up to `width` items.
-    static Index padded(Index const& index, std::size_t width);
+    /// The cells of a column.
+    static Index padded(Column const& column);
     /// Goes on with filling the copy of this body, which becomes `width` wide, up to the next nested
     /// table, whose copy the caller is to add. Null at the end.
     Table const* cloneCells(TableImplementation& copy, std::size_t width) const;
     /// Writes this table behind its nested tables, which were numbered from `number` + 1.
     void displayOwn(LineWriter& line, int number) const;
-    /// A new table of the names row and the given rows, in their order.
-    Ptr<Table> pickRows(Str const& name, Rows const& rows) const;
+    /// A new table of the names row and the given rows of columns of one length, in their order.
+    static Ptr<Table> pickRows(Str const& name, std::vector<Column> const& columns, Rows const& rows);
+    /// A new table of this one's name that holds columns.
+    Ptr<Table> copied(std::vector<Column> const& columns) const;
+    /// A new table of the rows of columns that equal no earlier row.
+    static Ptr<Table> pickDistinct(std::vector<Column>& columns);
     /// Drops all rows but the names row and the given ones, which ascend.
     void keepRows(Rows const& rows);
     /// The rows, without the names row, that don't display like an earlier one.
