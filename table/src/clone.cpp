@@ -63,7 +63,7 @@ Ptr<Table> TableImplementation::clone(Table const& table) {
             }
             walk.inAttributes = true;
             walk.width = walk.attributes->items();
-            walk.copy->attributes_ = makeBody(walk.attributes->name_);
+            walk.copy->attributes_->name_ = walk.attributes->name_;
         }
     };
     auto const finish = [&](Descent<Cloning>& descent, Cloning const& done) {
