@@ -17,10 +17,13 @@ Status TableImplementation::append(TableImplementation const& operand, Ptr<Table
     Ptr<Table> const table = makePtr<Table>(operand.name_ + " and " + name_);
     result = table;
     TableImplementation& appended = made(table);
-    copyRectangle(appended);
-    std::size_t const base =
-        std::max<std::size_t>(appended.items(), 1); // where the operand's row 1 goes
+    std::size_t const height = items();
+    std::size_t const base = std::max<std::size_t>(height, 1); // where the operand's row 1 goes
     std::size_t const width = operand.items();
+    std::size_t const room = std::min(base + width, 2 * base); // little, where nothing is appended
+    for (std::size_t i = 0; i < indices() && height > 0; ++i) {
+        appended.addReserved(room).push_back(get(i, 0)); // the rows follow when their number is known
+    }
     NameLookup lookup(appended);
     for (std::size_t k = 0; k < operand.indices(); ++k) {
         Str name; // stays empty when the name has no text
@@ -37,16 +40,31 @@ Status TableImplementation::append(TableImplementation const& operand, Ptr<Table
         if (width < 2) {
             continue;
         }
-        appended.reach(target, base + width - 2);
         Index& index = appended.indices_[target];
-        for (std::size_t j = 1; j < width; ++j) {
-            index[base + j - 1] = operand.get(k, j);
+        index.reserve(base + width - 1);
+        copyRows(target, base, index);
+        index.erase(index.begin() + static_cast<std::ptrdiff_t>(base), index.end());
+        Index const& source = operand.indices_[k];
+        if (source.size() > 1) {
+            index.insert(index.end(), source.begin() + 1, source.end());
         }
+        index.resize(base + width - 1);
+    }
+    for (std::size_t i = 0; i < indices() && height > 0; ++i) {
+        copyRows(i, height, appended.indices_[i]);
     }
     if (distinct) {
         appended.keepRows(appended.distinctTexts());
     }
     return Status();
+}
+
+void TableImplementation::copyRows(std::size_t i, std::size_t height, Index& copy) const {
+    if (i < indices() && copy.size() < indices_[i].size()) {
+        Index const& index = indices_[i];
+        copy.insert(copy.end(), index.begin() + static_cast<std::ptrdiff_t>(copy.size()), index.end());
+    }
+    copy.resize(std::max(copy.size(), height));
 }
 
 Rows TableImplementation::distinctTexts() const {

@@ -44,7 +44,7 @@ struct Pair {
     /// Finds the far table's index for index i: that of its name or, without a name, of its position.
     void pairIndex() {
         Cell const& title = near().get(i, 0);
-        if (title.isA() == Cell::StringCell && !title.empty()) {
+        if (title.isA() == Cell::StringCell && !textOf(title).empty()) {
             k = find(title); // its text reads as itself
             aligned &= k == i && far().get(k, 0).isA() == Cell::StringCell;
         } else {

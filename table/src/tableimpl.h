@@ -135,6 +135,8 @@ public:
 private:
     /// The cells of a column.
     static Index padded(Column const& column);
+    /// Adds the rows that a copy of index i lacks, and empty ones up to `height`.
+    void copyRows(std::size_t i, std::size_t height, Index& copy) const;
     /// Goes on with filling the copy of this body, which becomes `width` wide, up to the next nested
     /// table, whose copy the caller is to add. Null at the end.
     Table const* cloneCells(TableImplementation& copy, std::size_t width) const;
