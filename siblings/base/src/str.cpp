@@ -37,7 +37,8 @@ Str::Str(char const* text) : text_(text == nullptr ? "" : text) {
 Str::Str(std::string const& text) : text_(text) {
 }
 
-Str::~Str() = default;
+void Str::anchor() const {
+}
 
 Str Str::operator+(Str const& other) const {
     Str sum;

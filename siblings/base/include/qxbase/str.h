@@ -27,7 +27,7 @@ public:
     Str& operator=(Str const&) = default;
     /// Takes over the bytes of the source, which is left valid but unspecified.
     Str& operator=(Str&&) noexcept = default;
-    virtual ~Str();
+    virtual ~Str() = default;
 
     /// True when the text has no bytes.
     bool empty() const { return text_.empty(); }
@@ -63,6 +63,8 @@ public:
     static Str asString(double number);
 
 private:
+    virtual void anchor() const; // keeps the virtual table in this library, the destructor being inline
+
     std::string text_;
 };
 
