@@ -79,59 +79,63 @@ Cell::Cell(Ptr<Table const> const& table) : content_(share<CellTable>(TableCell,
 }
 
 bool Cell::empty() const {
-    return CellBody(*this)->empty();
+    return onBody(*this, [](auto const& body) { return body.empty(); });
 }
 
 Status Cell::get(double& out) const {
-    return CellBody(*this)->get(out);
+    return onBody(*this, [&](auto const& body) { return body.get(out); });
 }
 
 Status Cell::get(AnalyticDouble& out) const {
-    return CellBody(*this)->get(out);
+    return onBody(*this, [&](auto const& body) { return body.get(out); });
 }
 
 Status Cell::get(int& out) const {
-    return CellBody(*this)->get(out);
+    return onBody(*this, [&](auto const& body) { return body.get(out); });
 }
 
 Status Cell::get(bool& out) const {
-    return CellBody(*this)->get(out);
+    return onBody(*this, [&](auto const& body) { return body.get(out); });
 }
 
 Status Cell::get(Str& out, int precision) const {
-    return CellBody(*this)->get(out, precision);
+    return onBody(*this, [&](auto const& body) { return body.get(out, precision); });
 }
 
 Status Cell::get(Status& out) const {
-    return CellBody(*this)->get(out);
+    return onBody(*this, [&](auto const& body) { return body.get(out); });
 }
 
 Status Cell::get(Ptr<Table>& out) const {
-    return CellBody(*this)->get(out);
+    return onBody(*this, [&](auto const& body) { return body.get(out); });
 }
 
 Status Cell::get(Ptr<Table const>& out) const {
-    return CellBody(*this)->get(out);
+    return onBody(*this, [&](auto const& body) { return body.get(out); });
 }
 
 Status Cell::get(Date& out) const {
-    return CellBody(*this)->get(out);
+    return onBody(*this, [&](auto const& body) { return body.get(out); });
 }
 
 std::ostream& Cell::display(std::ostream& os) const {
-    return CellBody(*this)->display(os);
+    return onBody(*this, [&](auto const& body) -> std::ostream& { return body.display(os); });
 }
 
 bool Cell::compare(Cell const& other, bool flag) const {
-    return CellBody(*this)->compare(*CellBody(other), flag);
+    return onBody(*this, [&](auto const& body) {
+        return onBody(other, [&](auto const& others) { return body.compare(others, flag); });
+    });
 }
 
 bool Cell::operator<(Cell const& other) const {
-    return CellBody(*this)->lessThan(*CellBody(other));
+    return onBody(*this, [&](auto const& body) {
+        return onBody(other, [&](auto const& others) { return body.lessThan(others); });
+    });
 }
 
 Cell const Cell::operation(Cell const& other, Str const& op) const {
-    return CellBody(*this)->operation(other, op);
+    return onBody(*this, [&](auto const& body) { return body.operation(other, op); });
 }
 
 std::ostream& operator<<(std::ostream& os, Cell const& cell) {

@@ -6,33 +6,17 @@
 
 namespace QX {
 
-/// The body of a cell while it is looked at: its own or, where it has none, that of all empty cells or
-/// one made of the number that the cell holds.
-class CellBody {
-public:
-    explicit CellBody(Cell const& cell)
-        : number_(cell.isA() == Cell::NumericCell ? numberOf(cell) : AnalyticDouble()),
-          body_(bodyOf(cell)) {}
-    CellBody(CellBody const&) = delete;
-    CellBody& operator=(CellBody const&) = delete;
-
-    CellImplementation const& operator*() const { return *body_; }
-    CellImplementation const* operator->() const { return body_; }
-
-private:
-    CellImplementation const* bodyOf(Cell const& cell) const {
-        switch (cell.isA()) {
-        case Cell::EmptyCell:
-            return &CellEmpty::shared();
-        case Cell::NumericCell:
-            return &number_;
-        default:
-            return CellImplementation::contentOf(cell).body();
-        }
+/// Calls `call` with the body of `cell`. For a number it is of its own class, so that what is asked of numbers
+/// takes no virtual call.
+template <typename Call>
+decltype(auto) onBody(Cell const& cell, Call const& call) {
+    if (cell.isA() == Cell::NumericCell) {
+        return call(CellNumeric(numberOf(cell)));
     }
-
-    CellNumeric number_;
-    CellImplementation const* body_;
-};
+    if (cell.isA() == Cell::EmptyCell) {
+        return call(CellEmpty::shared());
+    }
+    return call(*CellImplementation::contentOf(cell).body());
+}
 
 } // namespace QX

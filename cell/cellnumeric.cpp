@@ -2,6 +2,7 @@
 
 #include "base/makeptr.h"
 #include "cell/cellstring.h"
+#include "cell/cellvalue.h"
 #include "cell/numbertext.h"
 
 #include <ostream>
@@ -60,10 +61,7 @@ AnalyticDouble operate(Operator op, AnalyticDouble const& left, AnalyticDouble c
     return AnalyticDouble();
 }
 
-bool CellNumeric::compare(CellImplementation const& other, bool /*flag*/) const {
-    if (other.isA() == Cell::NumericCell) {
-        return equalNumbers(value_.get(), static_cast<CellNumeric const&>(other).value_.get());
-    }
+bool CellNumeric::hasDate(CellImplementation const& other) const {
     if (other.isA() != Cell::StringCell) {
         return false;
     }
@@ -118,16 +116,6 @@ Status CellNumeric::get(int& out) const {
                                  : Status("Integer not equivalent to number", Status::Error, -1);
 }
 
-Status CellNumeric::get(AnalyticDouble& out) const {
-    out = value_;
-    return Status();
-}
-
-Status CellNumeric::get(double& out) const {
-    out = value_.get();
-    return Status();
-}
-
 Cell CellNumeric::operation(Cell const& other, Str const& op) const {
     AnalyticDouble right;
     Operator const known = operatorOf(op);
@@ -137,10 +125,7 @@ Cell CellNumeric::operation(Cell const& other, Str const& op) const {
     return Cell(operate(known, value_, right));
 }
 
-bool CellNumeric::lessThan(CellImplementation const& other) const {
-    if (other.isA() == Cell::NumericCell) {
-        return value_.get() < static_cast<CellNumeric const&>(other).value_.get();
-    }
+bool CellNumeric::isBefore(CellImplementation const& other) const {
     if (other.isA() != Cell::StringCell) {
         return false;
     }

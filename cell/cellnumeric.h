@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cell/cellimplementation.h"
+#include "cell/numbertext.h"
 
 #include <string_view>
 
@@ -25,7 +26,10 @@ public:
 
     explicit CellNumeric(AnalyticDouble const& value) : value_(value) {}
 
-    bool compare(CellImplementation const& other, bool flag) const override;
+    bool compare(CellImplementation const& other, bool /*flag*/) const override {
+        return other.isA() == Cell::NumericCell ? equalNumbers(value_.get(), numberIn(other))
+                                                : hasDate(other);
+    }
     Ptr<CellImplementation> clone() const override;
     std::ostream& display(std::ostream& os) const override;
     Cell::CellType isA() const override { return Cell::NumericCell; }
@@ -34,16 +38,32 @@ public:
     Status get(Str& out, int precision) const override;
     Status get(bool& out) const override;
     Status get(int& out) const override;
-    Status get(AnalyticDouble& out) const override;
-    Status get(double& out) const override;
+    Status get(AnalyticDouble& out) const override {
+        out = value_;
+        return Status();
+    }
+    Status get(double& out) const override {
+        out = value_.get();
+        return Status();
+    }
     Cell operation(Cell const& other, Str const& op) const override;
-    bool lessThan(CellImplementation const& other) const override;
+    bool lessThan(CellImplementation const& other) const override {
+        return other.isA() == Cell::NumericCell ? value_.get() < numberIn(other) : isBefore(other);
+    }
 
     AnalyticDouble const& value() const { return value_; }
     /// The date that lies as many days after 1970-01-01, valid or not.
     Date date() const;
 
 private:
+    static double numberIn(CellImplementation const& numeric) {
+        return static_cast<CellNumeric const&>(numeric).value_.get();
+    }
+    /// True when `other`, no number, is the text of this one's date.
+    bool hasDate(CellImplementation const& other) const;
+    /// True when this one is before `other`, no number.
+    bool isBefore(CellImplementation const& other) const;
+
     AnalyticDouble value_;
 };
 
