@@ -11,6 +11,22 @@ TEST(TableTranspose, TurnsIndicesIntoRows) {
     )");
 }
 
+TEST(TableTranspose, TurnsManyUnevenIndices) {
+    Ptr<Table> const table(new Table("t"));
+    for (std::size_t i = 0; i < 300; ++i) {
+        table->at(i, i * 7 % 5) = static_cast<double>(i);
+    }
+    Ptr<Table> turned;
+    table->transpose(turned);
+    ASSERT_EQ(turned->indices(), 5U);
+    for (std::size_t j = 0; j < 5; ++j) {
+        ASSERT_EQ(turned->items(j), 300U);
+        for (std::size_t i = 0; i < 300; ++i) {
+            EXPECT_EQ(printed(turned->get(j, i)), printed(table->get(i, j)));
+        }
+    }
+}
+
 TEST(TableSort, OrdersRowsByKeys) {
     expectResults({"sort up", "sort"}, R"(
         A 3 1 2 1 | B w x y z ; A ; A 1 1 2 3 | B x z y w ; A 3 2 1 1 | B w y x z

@@ -1,17 +1,23 @@
 #include "table/src/tableimpl.h"
 
+#include <algorithm>
+
 namespace QX {
 
 Status TableImplementation::transpose(Ptr<Table>& result) const {
+    constexpr std::size_t few = 64; // indices, whose cells stay in the cache while all rows take theirs
     Ptr<Table> const table = makePtr<Table>(name_);
-    std::vector<Index>& turned = made(table).indices_;
     std::size_t const width = items();
-    turned.reserve(width);
-    for (std::size_t j = 0; j < width; ++j) {
-        Index& row = turned.emplace_back();
-        row.reserve(indices());
-        for (std::size_t i = 0; i < indices(); ++i) {
-            row.push_back(get(i, j));
+    std::vector<Index>& turned = made(table).indices_;
+    turned.resize(width);
+    for (std::size_t begin = 0; begin < indices(); begin += few) {
+        std::size_t const end = std::min(begin + few, indices());
+        for (std::size_t j = 0; j < width; ++j) {
+            Index& row = turned[j];
+            row.reserve(indices());
+            for (std::size_t i = begin; i < end; ++i) {
+                row.push_back(j < indices_[i].size() ? indices_[i][j] : Cell());
+            }
         }
     }
     result = table;
