@@ -34,10 +34,11 @@ CellContent share(Cell::CellType kind, Args&&... args) {
     return CellContent(&counted->object, counted, kind);
 }
 
-CellContent contentOf(Str const& text) {
+template <typename Text>
+CellContent contentOf(Text&& text) {
     std::string_view const view = viewOf(text);
     if (isPlainText(view)) {
-        return share<CellString>(Cell::StringCell, text);
+        return share<CellString>(Cell::StringCell, std::forward<Text>(text));
     }
     AnalyticDouble const number = readNumber(view);
     if (number.isValid()) {
@@ -49,12 +50,15 @@ CellContent contentOf(Str const& text) {
     if (view == emptyText) {
         return CellContent();
     }
-    return share<CellString>(Cell::StringCell, text);
+    return share<CellString>(Cell::StringCell, std::forward<Text>(text));
 }
 
 } // namespace
 
 Cell::Cell(Str const& text) : content_(contentOf(text)) {
+}
+
+Cell::Cell(Str&& text) : content_(contentOf(std::move(text))) {
 }
 
 Cell::Cell(Ptr<CellImplementation> const& body) noexcept {

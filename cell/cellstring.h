@@ -2,6 +2,8 @@
 
 #include "cell/cellimplementation.h"
 
+#include <utility>
+
 namespace QX {
 
 /// The body of a string cell.
@@ -10,6 +12,7 @@ public:
     using CellImplementation::get;
 
     explicit CellString(Str const& text) : text_(text) {}
+    explicit CellString(Str&& text) : text_(std::move(text)) {}
     ~CellString() override;
 
     bool compare(CellImplementation const& other, bool flag) const override;

@@ -152,6 +152,8 @@ public:
     /// So no cell holds a text that reads as a number: "007" becomes 7. Uses no stream; allocates at
     /// most the body and the copy of the text.
     Cell(Str const& text);
+    /// Makes the same of a text that is no longer needed, whose bytes a string cell takes over.
+    Cell(Str&& text);
     /// Makes a valid number of any double, NaN and infinities included; allocates nothing.
     Cell(double value) noexcept : content_(value, true) {}
     /// Makes a number with the validity of `value`; allocates nothing.
