@@ -25,7 +25,7 @@ namespace QX {
 class Pooled {
 public:
 #if defined(QX_POOL)
-    static void* operator new(std::size_t size);
+    static void* operator new(std::size_t size); // NOLINT(misc-new-delete-overloads)
     static void operator delete(void* object, std::size_t size) noexcept;
 #endif
 

@@ -77,7 +77,9 @@ private:
     static constexpr std::uintptr_t validMark = 8; // beside the kind of a number, which has no block
 
     bool isShared() const noexcept { return tag_ > (kindMask | validMark); }
-    PtrRefCount* block() const noexcept { return reinterpret_cast<PtrRefCount*>(tag_ & ~kindMask); }
+    PtrRefCount* block() const noexcept {
+        return reinterpret_cast<PtrRefCount*>(tag_ & ~kindMask); // NOLINT(performance-no-int-to-ptr)
+    }
     void swap(CellContent& other) noexcept {
         std::swap(tag_, other.tag_);
         std::swap(payload_, other.payload_);
