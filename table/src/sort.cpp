@@ -2,6 +2,7 @@
 #include "table/src/roworder.h"
 #include "table/src/tableimpl.h"
 
+#include <algorithm>
 #include <numeric>
 #include <utility>
 
@@ -40,10 +41,11 @@ Status TableImplementation::sort(TableImplementation const& operand, Ptr<Table>&
             status = Status("Key not found", Status::Error, -1);
             break; // after sorting by the keys behind it
         }
-        columns.insert(columns.begin(), column(key, height));
+        columns.push_back(column(key, height));
         status = Status();
     }
     if (!columns.empty()) {
+        std::reverse(columns.begin(), columns.end()); // the most significant key first
         Rows rows(height > 1 ? height - 1 : 0);
         std::iota(rows.begin(), rows.end(), std::size_t{1});
         result = pickRows(name_, this->columns(), ordered(columns, std::move(rows), ascending));
