@@ -59,7 +59,7 @@ public:
 private:
     PtrRefCount(PtrRefCount const&) = delete;
 
-    std::uint32_t count_ = 1;
+    alignas(8) std::uint32_t count_ = 1; // cells use the free bits of a block's address
     Deleter deleter_;
     char const* location_;
 };
