@@ -4,6 +4,7 @@
 
 #include "base/immortal.h"
 #include "base/slab.h"
+#include "base/threadlocal.h"
 
 #include <array>
 #include <atomic>
@@ -214,14 +215,8 @@ Heaps& heaps() {
     return heaps.object;
 }
 
-#if defined(__ELF__)
-#define QX_FAST_TLS [[gnu::tls_model("initial-exec")]]
-#else
-#define QX_FAST_TLS
-#endif
-
-QX_FAST_TLS constinit thread_local Heap* own = nullptr;
-QX_FAST_TLS constinit thread_local bool ended = false;
+QX_SET_ASIDE constinit thread_local Heap* own = nullptr;
+QX_SET_ASIDE constinit thread_local bool ended = false;
 
 /// Ends with the thread, whose heap it then leaves to others.
 struct Lease {

@@ -1,4 +1,5 @@
 #include "base/pool.h"
+#include "base/threadlocal.h"
 #include "table/src/tableimpl.h"
 
 namespace QX {
@@ -12,14 +13,6 @@ struct CountedBody final : PtrRefCount, Pooled {
     TableImplementation body;
     CountedBody* next = nullptr;
 };
-
-// Memory of a thread's own may be allocated when the thread first uses it, which releasing a table must
-// not do; this model sets it aside when the library is loaded.
-#if defined(__GLIBC__)
-#define QX_SET_ASIDE [[gnu::tls_model("initial-exec")]]
-#else
-#define QX_SET_ASIDE
-#endif
 
 /// What is being deleted by a thread.
 struct Deletion {
