@@ -85,8 +85,9 @@ TEST(FastPath, OrdersRowsByManyKeys) {
         std::vector<Cells> cells;
         for (std::size_t n = 1 + make.below(3); n > 0; --n) {
             Cells pool = make.pool(true);
-            for (char const* text :
-                 {"Warszawa-Praga", "Warszawa-Prag", "Warszawa", "Warszawa-Praga 12"}) {
+            std::string const street = "Warszawa-Praga, ulica Targowa";
+            for (std::string const& text : {street, street + " 15/17", street + " 15/19 c",
+                                            street + '\0', street + " 15/17", street.substr(0, 8)}) {
                 pool.emplace_back(Str(text));
             }
             cells.push_back(make.column(pool, height));

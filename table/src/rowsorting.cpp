@@ -1,4 +1,5 @@
-// The fast way to order rows: the keys are turned into words of 64 bits, which are sorted in their place.
+// The fast way to order rows: the keys are turned into words of 64 bits, which are sorted in their
+// place.
 
 #include "cell/cellvalue.h"
 #include "cell/numbergrid.h"
@@ -20,6 +21,14 @@ using Word = std::uint64_t;
 
 Word gridWord(double number) {
     return static_cast<Word>(gridPlace(number)) ^ Word { 1 } << 63U;
+}
+
+/// Shortens `common` to what `text` begins with, too.
+void keepCommon(std::string_view& common, std::string_view text) {
+    if (!text.starts_with(common)) {
+        auto const differ = std::mismatch(common.begin(), common.end(), text.begin(), text.end());
+        common = common.substr(0, static_cast<std::size_t>(differ.first - common.begin()));
+    }
 }
 
 /// What a look at all cells of a column tells about its order.
@@ -70,10 +79,7 @@ private:
             common = text;
         }
         texts = true;
-        if (!text.starts_with(common)) {
-            auto const differ = std::mismatch(common.begin(), common.end(), text.begin(), text.end());
-            common = common.substr(0, static_cast<std::size_t>(differ.first - common.begin()));
-        }
+        keepCommon(common, text);
     }
 
     /// True when two different numbers are next to each other, and so equal.
@@ -93,7 +99,8 @@ private:
     bool apart_ = true; // no two different numbers can be next to each other
 };
 
-/// The first word of what follows the first bytes of a text: shorter texts first where all bytes are equal.
+/// The first word of what follows the first bytes of a text: shorter texts first where all bytes are
+/// equal.
 constexpr std::size_t textBytes = 7;
 
 Word textWord(std::string_view text) {
@@ -112,20 +119,20 @@ public:
         for (std::size_t place = 0; place < rows.size(); ++place) {
             places_.push_back({0, place});
         }
-        tied_.push_back({0, rows.size()});
+        tied_.push_back({0, rows.size(), 0});
     }
 
     void sortBy(Column const& column, Survey const& survey) {
+        for (Range& range : tied_) {
+            range.alike = survey.common.size();
+        }
         if (survey.empties + survey.numbers + survey.texts > 1) {
             refine(column, kindWord, [&](Range const& run) { tied_.push_back(run); });
         }
         std::vector<Range> done;
-        for (std::size_t begin = survey.common.size(); !tied_.empty(); begin += textBytes) {
-            auto const word = [begin](Cell const& cell) { return wordOf(cell, begin); };
-            refine(column, word, [&](Range const& run) {
-                Cell const& cell = column[rows_[places_[run.begin].place]];
-                (goesOn(cell, begin + textBytes) ? tied_ : done).push_back(run);
-            });
+        for (bool again = false; !tied_.empty(); again = true) {
+            refine(column, wordOf,
+                   [&](Range run) { (goesOn(column, run, again) ? tied_ : done).push_back(run); });
         }
         tied_ = std::move(done);
     }
@@ -143,21 +150,43 @@ private:
     struct Range {
         std::size_t begin;
         std::size_t end;
+        std::size_t alike; // that many bytes all texts begin with
     };
 
-    static Word kindWord(Cell const& cell) {
+    static Word kindWord(Cell const& cell, std::size_t /*alike*/) {
         return cell.empty() ? 0 : cell.isA() == Cell::NumericCell ? 1 : 2;
     }
-    /// The word of a number, or that of a text from `begin` on.
-    static Word wordOf(Cell const& cell, std::size_t begin) {
+    /// The word of a number, or that of a text behind what is alike.
+    static Word wordOf(Cell const& cell, std::size_t alike) {
         if (cell.empty()) {
             return 0;
         }
         bool const number = cell.isA() == Cell::NumericCell;
-        return number ? gridWord(numberOf(cell).get()) : textWord(textOf(cell).substr(begin));
+        return number ? gridWord(numberOf(cell).get()) : textWord(textOf(cell).substr(alike));
     }
-    static bool goesOn(Cell const& cell, std::size_t begin) {
-        return cell.isA() == Cell::StringCell && textOf(cell).size() > begin;
+    /// True when there is more to the texts of a run whose words are equal. With `again` finds how far
+    /// they are alike, since texts that are so for two words are often long and equal.
+    bool goesOn(Column const& column, Range& run, bool again) const {
+        Cell const& first = cellAt(column, run.begin);
+        if (first.isA() != Cell::StringCell || textOf(first).size() <= run.alike + textBytes) {
+            return false;
+        }
+        if (!again) {
+            run.alike += textBytes;
+            return true;
+        }
+        std::string_view common = textOf(first).substr(run.alike);
+        std::size_t longest = 0;
+        for (std::size_t k = run.begin; k < run.end; ++k) {
+            std::string_view const text = textOf(cellAt(column, k)).substr(run.alike);
+            keepCommon(common, text);
+            longest = std::max(longest, text.size());
+        }
+        run.alike += common.size();
+        return longest > common.size();
+    }
+    Cell const& cellAt(Column const& column, std::size_t k) const {
+        return column[rows_[places_[k].place]];
     }
 
     /// Sorts the rows of each tie by the words of their cells, and hands out the runs that stay tied.
@@ -174,7 +203,7 @@ private:
                     ++k;
                 }
                 if (k - begin > 1) {
-                    tie(Range{begin, k});
+                    tie(Range{begin, k, range.alike});
                 }
             }
         }
@@ -193,13 +222,13 @@ private:
         }
         for (Range const& range : ranges) {
             for (std::size_t k = range.begin; k < range.end; ++k) {
-                places_[k].word = word(column[rows_[places_[k].place]]) ^ flip_;
+                places_[k].word = word(cellAt(column, k), range.alike) ^ flip_;
             }
         }
     }
 
-    /// The same for many rows. Reads the column in the order given, in which its cells and texts most likely
-    /// lie in memory: to jump about in them takes up to twice as long.
+    /// The same for many rows. Reads the column in the order given, in which its cells and texts most
+    /// likely lie in memory: to jump about in them takes up to twice as long.
     template <typename WordOf>
     void setWordsInOrder(std::vector<Range> const& ranges, Column const& column, WordOf const& word) {
         constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
@@ -207,11 +236,13 @@ private:
         for (Range const& range : ranges) {
             for (std::size_t k = range.begin; k < range.end; ++k) {
                 positions[places_[k].place] = k;
+                places_[k].word = range.alike;
             }
         }
         for (std::size_t place = 0; place < rows_.size(); ++place) {
             if (positions[place] != none) {
-                places_[positions[place]].word = word(column[rows_[place]]) ^ flip_;
+                Word& each = places_[positions[place]].word;
+                each = word(column[rows_[place]], each) ^ flip_;
             }
         }
     }
