@@ -61,8 +61,8 @@ Depot& depot() {
 
 } // namespace
 
-/// The slabs of one thread. When the thread ends, its heap waits for another thread to take it over; until
-/// then whoever gives back an object of it does so under a lock.
+/// The slabs of one thread. When the thread ends, its heap waits for another thread to take it over;
+/// until then whoever gives back an object of it does so under a lock.
 class Heap {
 public:
     void* take(std::size_t size) {

@@ -19,9 +19,9 @@ namespace QX {
 /// A base for the library's small objects, of which tables hold millions: packs objects of about one
 /// size side by side, which takes less memory and less time than the global operator new.
 ///
-/// Each thread hands out storage from slabs of its own, without locks. Any thread may delete what another
-/// has made, also after that one has ended. Empty slabs go back to the global operator delete, but for a
-/// few that are kept.
+/// Each thread hands out storage from slabs of its own, without locks. Any thread may delete what
+/// another has made, also after that one has ended. Empty slabs go back to the global operator delete,
+/// but for a few that are kept.
 class Pooled {
 public:
 #if defined(QX_POOL)

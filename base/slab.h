@@ -13,9 +13,9 @@ struct Vacant {
     Vacant* next;
 };
 
-/// A large block that is cut into storage for objects of one size; its address is a multiple of its size, and
-/// it begins with this header. Storage is handed out from the front first, so that what is never needed is
-/// never touched, then as it was given back.
+/// A large block that is cut into storage for objects of one size; its address is a multiple of its
+/// size, and it begins with this header. Storage is handed out from the front first, so that what is
+/// never needed is never touched, then as it was given back.
 class Slab {
 public:
     static constexpr std::size_t bytes = std::size_t{1} << 20U;

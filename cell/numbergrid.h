@@ -6,8 +6,8 @@
 
 namespace QX {
 
-/// Numbers a double in the grid of all doubles, both zeros as 0: ascending as they do, with numbers that are
-/// next to each other one apart. NaNs stand beyond the infinities.
+/// Numbers a double in the grid of all doubles, both zeros as 0: ascending as they do, with numbers that
+/// are next to each other one apart. NaNs lie beyond the infinities, in the order of their bits.
 inline std::int64_t gridPlace(double number) {
     auto const magnitude = std::bit_cast<std::int64_t>(std::fabs(number));
     return std::signbit(number) ? -magnitude : magnitude;

@@ -7,7 +7,8 @@
 
 namespace QX {
 
-/// What is added to tables on the way to a cell: taken back in the end, the last first, unless it is kept.
+/// What is added to tables on the way to a cell: taken back in the end, the last first, unless it is
+/// kept.
 ///
 /// Each addition is noted before it is made, so that taking back allocates nothing.
 class Growth {

@@ -22,8 +22,8 @@ struct Deletion {
 
 QX_SET_ASIDE thread_local constinit Deletion deletion{nullptr, false};
 
-/// Deletes a body and, one after the other, all bodies whose last handles go with it. Tables nest to any depth,
-/// so that a body must not be deleted from within the deletion of the one that holds it.
+/// Deletes a body and, one after the other, all bodies whose last handles go with it. Tables nest to any
+/// depth, so that a body must not be deleted from within the deletion of the one that holds it.
 void deleteBody(PtrRefCount* block, void* /*object: a part of the block*/) {
     Detail::requireReleased(*block);
     auto* const last = static_cast<CountedBody*>(block);

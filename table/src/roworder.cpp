@@ -12,8 +12,8 @@ namespace {
 
 using CellOrder = std::vector<Cell const*>;
 
-/// Puts a value in its place among ordered ones unless it is there already. The order need not be an honest
-/// one: the search stays within bounds whatever it answers.
+/// Puts a value in its place among ordered ones unless it is there already. The order need not be an
+/// honest one: the search stays within bounds whatever it answers.
 void insertValue(CellOrder& values, Cell const& value) {
     std::size_t low = 0;
     std::size_t high = values.size();

@@ -7,14 +7,15 @@
 
 namespace QX {
 
-/// A set of rows that tells whether an equal row is in it already; for rows numbered below a known count.
+/// A set of rows that tells whether an equal row is in it already; for rows numbered below a known
+/// count.
 class RowSet {
 public:
     explicit RowSet(std::size_t rows)
         : heads_(std::bit_ceil(rows + 1), none), next_(rows), hashes_(rows) {}
 
-    /// Adds a row unless `equal(earlier)` holds of a row in the set; true when it was added. Rows that are
-    /// equal must have one hash.
+    /// Adds a row unless `equal(earlier)` holds of a row in the set; true when it was added. Rows that
+    /// are equal must have one hash.
     template <typename Equal>
     bool insert(std::size_t row, std::uint64_t hash, Equal const& equal) {
         std::size_t& head = heads_[hash & (heads_.size() - 1)];

@@ -74,8 +74,8 @@ public:
     Index& addReserved(std::size_t items);
     /// The last index.
     Index& last() { return indices_.back(); }
-    /// Takes items from the end of index i until it has `length` of them, or with npos takes the indices from
-    /// i on.
+    /// Takes items from the end of index i until it has `length` of them, or with npos takes the indices
+    /// from i on.
     void cut(std::size_t i, std::size_t length);
     /// Adds an index of a name and copies of further items.
     void addFilled(Cell const& name, std::span<Cell const* const> items);
@@ -114,8 +114,8 @@ public:
     static TableImplementation const& of(Table const& table);
     /// The data body that stands for a table without one.
     static TableImplementation const& none();
-    /// True when the nested table of a table cell may be met elsewhere, too: cell, table or data body has
-    /// more than one owner.
+    /// True when the nested table of a table cell may be met elsewhere, too: cell, table or data body
+    /// has more than one owner.
     static bool isShared(Cell const& cell);
     /// The data body of a table, shared; a new one that the table does not get when it has none.
     static Ptr<TableImplementation> held(Table const& table) { return table.heldBody(); }
