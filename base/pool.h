@@ -10,7 +10,8 @@
 #elif defined(__SANITIZE_ADDRESS__)
 #define QX_ADDRESS_SANITIZER
 #endif
-#if defined(QX_FAST_PATHS) && !defined(QX_ADDRESS_SANITIZER)
+// MinGW frees a thread's variables before it runs their destructors, so that none can hand over a heap.
+#if defined(QX_FAST_PATHS) && !defined(QX_ADDRESS_SANITIZER) && !defined(__MINGW32__)
 #define QX_POOL
 #endif
 
