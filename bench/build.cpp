@@ -1,5 +1,5 @@
-// Tables of orders: made row by row, copied and dropped. What is timed leaves out dropping what was made,
-// which is a workload of its own.
+// Tables of orders: made row by row, copied and dropped. What is timed leaves out dropping what was
+// made, which is a workload of its own.
 
 #include "families.h"
 #include "rows.h"

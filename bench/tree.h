@@ -11,7 +11,8 @@
 
 namespace Bench {
 
-/// A shop and its orders, as plain C++ holds them: one of the tables that a tree nests, with 19 below it.
+/// A shop and its orders, as plain C++ holds them: one of the tables that a tree nests, with 19 below
+/// it.
 struct Shop {
     struct Sale {
         double number = 0;

@@ -6,8 +6,8 @@
 
 namespace QX {
 
-/// Calls `call` with the body of `cell`. For a number it is of its own class, so that what is asked of numbers
-/// takes no virtual call.
+/// Calls `call` with the body of `cell`. For a number it is of its own class, so that what is asked of
+/// numbers takes no virtual call.
 template <typename Call>
 decltype(auto) onBody(Cell const& cell, Call const& call) {
     if (cell.isA() == Cell::NumericCell) {

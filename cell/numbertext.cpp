@@ -154,7 +154,8 @@ void appendGeneral(std::string& text, double number, int precision) {
     std::array<char, 64> buffer; // enough for 17 digits with sign, point and exponent
     char* const end = buffer.data() + buffer.size();
     int const whole = truncated(number);
-    // The shorter way for most numbers, but zero has a sign, and six digits are shown without an exponent.
+    // The shorter way for most numbers, but zero has a sign, and six digits are shown without an
+    // exponent.
     bool const plain = number == whole && whole != 0 && std::abs(number) < 1e6;
     auto const written =
         plain ? std::to_chars(buffer.data(), end, whole)

@@ -4,8 +4,8 @@
 
 namespace QX {
 
-/// True for most texts that are nothing but text, as their first character tells: no number or date in any
-/// form, no error, not empty in any sense. What is false may still be one.
+/// True for most texts that are nothing but text, as their first character tells: no number or date in
+/// any form, no error, not empty in any sense. What is false may still be one.
 inline bool isPlainText(std::string_view text) {
     if (text.empty()) {
         return false;

@@ -55,8 +55,8 @@ public:
     }
 
 private:
-    /// One of the tables, a new one where there is none or where it has become vast. Names grow, too: the
-    /// result of merging has both.
+    /// One of the tables, a new one where there is none or where it has become vast. Names grow, too:
+    /// the result of merging has both.
     Ptr<Table>& any() {
         Ptr<Table>& table = tables_[bytes_.below(tables_.size())];
         if (!table || isVast(*table) || table->name().size() > 200) {
@@ -83,7 +83,8 @@ private:
         return place < 61 ? place % 12 : far[place - 61];
     }
 
-    /// A cell to be stored in a table; now and then one that holds another table of the stream, or this one.
+    /// A cell to be stored in a table; now and then one that holds another table of the stream, or this
+    /// one.
     Cell cell() { return bytes_.below(3) > 0 ? make_.cell() : Cell(any()); }
 
     void change() {

@@ -91,8 +91,9 @@ std::optional<Table> readInPieces(std::string const& text, std::string const& de
     });
 }
 
-/// Everything about a cell that is written and read again. What has no text of its own comes back as a text:
-/// a number that is not finite, and the empty name of a lone index, since a line without text names nothing.
+/// Everything about a cell that is written and read again. What has no text of its own comes back as a
+/// text: a number that is not finite, and the empty name of a lone index, since a line without text
+/// names nothing.
 std::string content(QX::Cell const& cell, bool loneName) {
     QX::Str text;
     double number = 0;

@@ -29,8 +29,8 @@ std::unique_ptr<std::ostream> openFile(Str const& fileName) {
     return file;
 }
 
-/// Writes what ends its own line. A line that is cut short, for want of memory, is ended all the same: the
-/// next message begins on a line of its own.
+/// Writes what ends its own line. A line that is cut short, for want of memory, is ended all the same:
+/// the next message begins on a line of its own.
 template <typename Write>
 void endingLine(std::ostream& stream, Write const& write) {
     try {

@@ -195,8 +195,8 @@ TEST(Depth, ChainsOfEverySortAreCopiedAndReleased) {
     });
 }
 
-/// Tables that refer to each other: brief forms separated by "/", where "@2" stands for table 2 and "^2" keeps
-/// table 2 among the attributes.
+/// Tables that refer to each other: brief forms separated by "/", where "@2" stands for table 2 and "^2"
+/// keeps table 2 among the attributes.
 class Knot {
 public:
     explicit Knot(std::string const& forms) {

@@ -213,7 +213,8 @@ Cell nameByText(Cell const& name) {
     return Cell(text);
 }
 
-/// Lays the items of index k of `source`, from item `from` on, over index i of `result`, at item `at` on.
+/// Lays the items of index k of `source`, from item `from` on, over index i of `result`, at item `at`
+/// on.
 void lay(Table& result, std::size_t i, std::size_t at, Table const& source, std::size_t k,
          std::size_t from) {
     for (std::size_t j = source.items(0); j-- > from;) {

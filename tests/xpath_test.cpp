@@ -63,7 +63,8 @@ TEST(TableXPath, TakesAnySeparator) {
     EXPECT_EQ(brief(brief(fruit)->atXPath("stock.m", false, '.')), "3");
 }
 
-/// Rows of "table ; path ; the table with 5 written there", or "refused" and the table if it has changed.
+/// Rows of "table ; path ; the table with 5 written there", or "refused" and the table if it has
+/// changed.
 void expectWritten(bool create, char const* cases) {
     for (Row const& row : rows(cases)) {
         SCOPED_TRACE(row.line);

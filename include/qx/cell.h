@@ -30,7 +30,8 @@ public:
     CellContent(double number, bool valid) noexcept : tag_(numeric | (valid ? validMark : 0)) {
         payload_.number = number;
     }
-    /// Takes over one count of a body's block; `kind` is the kind of the body, neither empty nor numeric.
+    /// Takes over one count of a body's block; `kind` is the kind of the body, neither empty nor
+    /// numeric.
     CellContent(CellImplementation* body, PtrRefCount* block, unsigned kind) noexcept
         : tag_(reinterpret_cast<std::uintptr_t>(block) | kind) {
         static_assert(alignof(PtrRefCount) > kindMask,
@@ -140,9 +141,9 @@ public:
     Cell(Ptr<CellImplementation> const& body) noexcept;
     /// Makes the kind of cell that `text` reads as, the first of these that fits:
     ///
-    /// - a number in decimal: optional white space, sign, digits with or without a point, and exponent, as
-    ///   in " -12.5e3", with nothing behind it; never hexadecimal, "inf" or "nan", and the same in every
-    ///   locale. A number too small for a double is 0, one too large is no number;
+    /// - a number in decimal: optional white space, sign, digits with or without a point, and exponent,
+    ///   as in " -12.5e3", with nothing behind it; never hexadecimal, "inf" or "nan", and the same in
+    ///   every locale. A number too small for a double is 0, one too large is no number;
     /// - a number in exact form: "##", any one character, then the low and the high 32 bits of the
     ///   double as two signed decimal ints ("## 0 1076428800" is 12.5); it is what operator<< writes;
     /// - a ratio: "[Numeric]", any one character, then two ints ("[Numeric] 1 4" is 0.25);

@@ -23,9 +23,9 @@ namespace QX {
 /// Only one log owns a stream: a copy writes to the same stream without owning it, so the owner must
 /// live, and keep the stream, for as long as its copies write. Moving a log is copying it.
 ///
-/// A log belongs to one thread at a time. Beside std::bad_alloc when memory runs out and what the streams
-/// themselves throw, nothing here throws. A message for which there is no memory is not written, or ends
-/// early with its line; the log can be used on.
+/// A log belongs to one thread at a time. Beside std::bad_alloc when memory runs out and what the
+/// streams themselves throw, nothing here throws. A message for which there is no memory is not written,
+/// or ends early with its line; the log can be used on.
 class QX_API Log {
 public:
     /// How important a message is; any other int, a negative one included, is a level too.

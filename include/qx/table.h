@@ -43,9 +43,9 @@ class TableImplementation;
 /// `item0.compare(name, false)`. The first index that matches wins. So "2" finds an index named by the
 /// number 2, and also one named by its neighbouring double.
 ///
-/// When memory runs out, std::bad_alloc is raised and tables are left as they were; `result` may then hold
-/// a part of what was to come. A table and all tables and cells that share its bodies belong to one thread
-/// at a time; threads that share none don't disturb each other.
+/// When memory runs out, std::bad_alloc is raised and tables are left as they were; `result` may then
+/// hold a part of what was to come. A table and all tables and cells that share its bodies belong to one
+/// thread at a time; threads that share none don't disturb each other.
 class QX_API Table {
 public:
     /// The position that means "append" or "nowhere".
@@ -95,7 +95,8 @@ public:
     /// their length. i = npos adds an index (and j = npos is then its item 0); j = npos adds an item to
     /// index i. The reference is valid until the table grows or its body goes.
     ///
-    /// Raises std::length_error or std::bad_alloc for a position beyond any memory; nothing changes then.
+    /// Raises std::length_error or std::bad_alloc for a position beyond any memory; nothing changes
+    /// then.
     Cell& at(std::size_t i, std::size_t j);
     /// The cell at item j of the index with this name, to read or assign; the table grows to reach it.
     ///
@@ -154,11 +155,12 @@ public:
 
     /// @name Values by path
     ///
-    /// A path leads through nested tables: steps "name" or "name[item]" joined by the separator, as TblPath
-    /// reads them ("/style/colours[2]/red"). Each step is applied to every table that the step before has
-    /// reached, so that paths fan out: a step with an item number reaches that item of the named index, one
-    /// without reaches items 1, 2, ... up to the largest item count of the table. Cells that are no tables
-    /// lead nowhere. The walk stops at a step that has no name or whose number cannot be read.
+    /// A path leads through nested tables: steps "name" or "name[item]" joined by the separator, as
+    /// TblPath reads them ("/style/colours[2]/red"). Each step is applied to every table that the step
+    /// before has reached, so that paths fan out: a step with an item number reaches that item of the
+    /// named index, one without reaches items 1, 2, ... up to the largest item count of the table. Cells
+    /// that are no tables lead nowhere. The walk stops at a step that has no name or whose number cannot
+    /// be read.
     ///
     /// Cost: one name lookup for each step and table, then linear in the values reached.
     ///

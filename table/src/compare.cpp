@@ -177,8 +177,8 @@ private:
         }
     }
 
-    /// The text that locates the item that was reached; only a named index carries the place of the outer
-    /// item.
+    /// The text that locates the item that was reached; only a named index carries the place of the
+    /// outer item.
     static std::string place(Descent<Pair> const& descent) {
         std::size_t first = descent.size() - 1;
         while (first > 0 && !descent[first].name().empty()) {

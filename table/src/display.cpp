@@ -16,7 +16,8 @@ int successor(int number) {
     return static_cast<int>(static_cast<unsigned>(number) + 1U);
 }
 
-/// Writes the line of index i; `nested` is the number of the last nested table before it, and is carried on.
+/// Writes the line of index i; `nested` is the number of the last nested table before it, and is carried
+/// on.
 void displayIndex(LineWriter& line, std::size_t i, std::vector<Cell> const& index, int& nested) {
     if (i == 0) {
         line << "Index 0 <";

@@ -9,8 +9,8 @@
 
 namespace QX {
 
-/// A name that is looked up: the cell that Cell(Str const&) makes of its text, made only where it takes more
-/// than the text's bytes to find the name. Valid as long as the text or cell that it was made of.
+/// A name that is looked up: the cell that Cell(Str const&) makes of its text, made only where it takes
+/// more than the text's bytes to find the name. Valid as long as the text or cell that it was made of.
 class Name {
 public:
     explicit Name(std::string_view text)

@@ -79,8 +79,8 @@ public:
 
     explicit Walk(Place root, Access const& access = Access()) : root_(root), access_(access) {}
 
-    /// Takes the steps of `path`, without the last if that is left to the caller. Stops at a step without
-    /// a name or with a number that cannot be read.
+    /// Takes the steps of `path`, without the last if that is left to the caller. Stops at a step
+    /// without a name or with a number that cannot be read.
     void follow(std::string_view path, char separator, bool leaveLast) {
         while (!path.empty()) {
             path = skipSeparators(path, separator);
@@ -118,8 +118,8 @@ private:
         }
     }
 
-    /// Takes one item of the named index or, for a step without a number, every item but the name, as many
-    /// as the table's longest index has.
+    /// Takes one item of the named index or, for a step without a number, every item but the name, as
+    /// many as the table's longest index has.
     void takeFrom(Place table, PathStep const& step, Name const& name) {
         std::size_t const index = access_.indexOf(table, step, name);
         bool const all = step.item == Table::npos;
@@ -155,8 +155,8 @@ Cell valueAt(Body const& root, Str const& path, char separator) {
     return walk.first() == nullptr ? Cell() : *walk.first();
 }
 
-/// The data body of the first table that the steps of a path reach, without the last step; null when that
-/// is no table.
+/// The data body of the first table that the steps of a path reach, without the last step; null when
+/// that is no table.
 template <typename Access>
 Body tableBefore(Walk<Access>&& walk, Body const& root, Str const& path, char separator,
                  Growth& growth) {
