@@ -75,7 +75,7 @@ TEST(TableDisplay, WritesTheSameBytesToEveryStream) {
               "2.9999999999999996 1e-17 inf -inf nan | long");
     table->at(2, Table::npos) = Str(std::string(5000, 'x') + '\n');
     for (std::streamsize const precision : {6, 0, 9, 17, 30}) {
-        for (std::size_t const room : {100000, 5200, 150, 0}) {
+        for (std::size_t const room : {100000U, 5200U, 150U, 0U}) {
             Narrow bytes(room);
             Narrow pieces(room);
             std::ostream direct(&bytes);
