@@ -1,3 +1,4 @@
+#include "base/blocks.h"
 #include "base/makeptr.h"
 
 #include <gtest/gtest.h>
@@ -91,6 +92,30 @@ TEST(Pool, TakesBackWhatOtherThreadsRelease) {
         EXPECT_EQ(spoilt(made), 0U);
         made.clear();
     }
+}
+
+/// Makes and drops large vectors of many sizes, each filled with its own mark; counts those that are not
+/// as they were made.
+std::size_t churnVectors(unsigned seed) {
+    std::mt19937 random(seed);
+    std::vector<BlockVector<std::size_t>> vectors(12);
+    std::size_t spoiltOnes = 0;
+    for (std::size_t round = 0; round < 400; ++round) {
+        BlockVector<std::size_t>& vector = vectors[random() % vectors.size()];
+        for (std::size_t const mark : vector) {
+            spoiltOnes += mark == vector.front() ? 0 : 1;
+        }
+        vector = BlockVector<std::size_t>(random() % 3 == 0 ? 40'000 : random() % 120'000, round);
+    }
+    return spoiltOnes;
+}
+
+TEST(Blocks, KeepVectorsApartInEveryThread) {
+    std::size_t elsewhere = 1;
+    std::thread other([&] { elsewhere = churnVectors(1); });
+    EXPECT_EQ(churnVectors(2), 0U);
+    other.join();
+    EXPECT_EQ(elsewhere, 0U);
 }
 
 } // namespace

@@ -1,21 +1,26 @@
 #pragma once
 
+#include "base/blocks.h"
 #include "qx/cell.h"
 
 #include <cstddef>
+#include <span>
 #include <vector>
 
 namespace QX {
 
 /// Row numbers of a table, in an order that matters and perhaps repeated.
-using Rows = std::vector<std::size_t>;
+using Rows = BlockVector<std::size_t>;
+
+/// The cells of one index.
+using Cells = BlockVector<Cell>;
 
 /// One index seen as a column of a table: as many items as the table's longest index, those it lacks
 /// empty.
 class Column {
 public:
-    Column(std::vector<Cell> const& cells, std::size_t items, Cell const& beyond)
-        : cells_(&cells), title_(cells.empty() ? &beyond : &cells.front()), items_(items),
+    Column(std::span<Cell const> cells, std::size_t items, Cell const& beyond)
+        : cells_(cells), title_(cells.empty() ? &beyond : &cells.front()), items_(items),
           beyond_(&beyond) {}
 
     /// The same column under another name, which must outlive it.
@@ -38,11 +43,11 @@ public:
         if (j == 0) {
             return *title_;
         }
-        return j < cells_->size() ? (*cells_)[j] : *beyond_;
+        return j < cells_.size() ? cells_[j] : *beyond_;
     }
 
 private:
-    std::vector<Cell> const* cells_;
+    std::span<Cell const> cells_;
     Cell const* title_;
     std::size_t items_;
     Cell const* beyond_;

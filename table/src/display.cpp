@@ -18,7 +18,7 @@ int successor(int number) {
 
 /// Writes the line of index i; `nested` is the number of the last nested table before it, and is carried
 /// on.
-void displayIndex(LineWriter& line, std::size_t i, std::vector<Cell> const& index, int& nested) {
+void displayIndex(LineWriter& line, std::size_t i, Cells const& index, int& nested) {
     if (i == 0) {
         line << "Index 0 <";
     } else {
@@ -52,7 +52,7 @@ struct Display {
     /// Steps over the next table cell and numbers its table; null when there is none.
     Table const* nextNested() {
         for (; i < body->indices(); ++i, j = 0) {
-            for (std::vector<Cell> const& index = body->index(i); j < index.size(); ++j) {
+            for (Cells const& index = body->index(i); j < index.size(); ++j) {
                 if (index[j].isA() == Cell::TableCell) {
                     nested = successor(nested);
                     return nestedIn(index[j++]);

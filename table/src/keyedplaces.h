@@ -1,8 +1,9 @@
 #pragma once
 
+#include "base/blocks.h"
+
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 namespace QX {
 
@@ -16,7 +17,7 @@ struct KeyedPlace {
     }
 };
 
-using KeyedPlaces = std::vector<KeyedPlace>;
+using KeyedPlaces = BlockVector<KeyedPlace>;
 
 /// Sorts places that stand in ascending order by their words, those of one word as they stood.
 void sortPlaces(KeyedPlace* places, std::size_t count);

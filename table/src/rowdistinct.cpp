@@ -41,7 +41,7 @@ public:
     }
 
     /// Mixes the hashes into those of the rows, unless they would tell apart what may be equal.
-    void mixInto(std::vector<Hash>& rows) const {
+    void mixInto(BlockVector<Hash>& rows) const {
         for (std::size_t j = 0; j < rows.size() && usable_; ++j) {
             rows[j] = spread(rows[j] ^ hashes_[j]);
         }
@@ -83,10 +83,10 @@ private:
     bool isValid(std::size_t k) const { return valid_ || !column_[numbers_[k].place].empty(); }
 
     Column column_;
-    std::vector<Hash> hashes_;
-    std::vector<KeyedPlace> numbers_; // with their places in the grid
-    bool apart_ = true;               // no two different numbers are next to each other
-    bool valid_ = true;               // all of them are
+    BlockVector<Hash> hashes_;
+    KeyedPlaces numbers_; // with their places in the grid
+    bool apart_ = true;   // no two different numbers are next to each other
+    bool valid_ = true;   // all of them are
     bool usable_ = true;
 };
 
@@ -97,7 +97,7 @@ bool equalRows(std::vector<Column> const& columns, std::size_t earlier, std::siz
 }
 
 /// Compares each row with the kept rows of its hash, which is one and the same for rows that are equal.
-Rows distinctWithin(std::vector<Column> const& columns, std::vector<Hash> const& hashes) {
+Rows distinctWithin(std::vector<Column> const& columns, BlockVector<Hash> const& hashes) {
     RowSet kept(hashes.size());
     Rows rows;
     for (std::size_t j = 0; j < hashes.size(); ++j) {
@@ -120,7 +120,7 @@ Rows distinctRows(std::vector<Column> const& columns) {
     if (!fastPaths) {
         return distinctByComparing(columns);
     }
-    std::vector<Hash> hashes(height(columns));
+    BlockVector<Hash> hashes(height(columns));
     for (Column const& column : columns) {
         ColumnHashes(column).mixInto(hashes);
     }
@@ -128,7 +128,7 @@ Rows distinctRows(std::vector<Column> const& columns) {
 }
 
 Rows distinctByComparing(std::vector<Column> const& columns) {
-    return distinctWithin(columns, std::vector<Hash>(height(columns)));
+    return distinctWithin(columns, BlockVector<Hash>(height(columns)));
 }
 
 } // namespace QX

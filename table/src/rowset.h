@@ -1,9 +1,10 @@
 #pragma once
 
+#include "base/blocks.h"
+
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 namespace QX {
 
@@ -33,9 +34,9 @@ public:
 private:
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
 
-    std::vector<std::size_t> heads_; // of the chains, by the low bits of the hash
-    std::vector<std::size_t> next_;
-    std::vector<std::uint64_t> hashes_;
+    BlockVector<std::size_t> heads_; // of the chains, by the low bits of the hash
+    BlockVector<std::size_t> next_;
+    BlockVector<std::uint64_t> hashes_;
 };
 
 } // namespace QX

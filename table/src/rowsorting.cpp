@@ -232,7 +232,7 @@ private:
     template <typename WordOf>
     void setWordsInOrder(std::vector<Range> const& ranges, Column const& column, WordOf const& word) {
         constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
-        std::vector<std::size_t> positions(rows_.size(), none);
+        Rows positions(rows_.size(), none);
         for (Range const& range : ranges) {
             for (std::size_t k = range.begin; k < range.end; ++k) {
                 positions[places_[k].place] = k;

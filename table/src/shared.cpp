@@ -14,8 +14,6 @@ namespace QX {
 
 namespace {
 
-using Cells = std::vector<Cell>;
-
 /// Where each row of a table goes when most of them are listed, none twice, and in another order; empty
 /// otherwise. A row that goes nowhere, such as the names row, has place 0.
 Rows placesOf(Rows const& rows, std::size_t height) {

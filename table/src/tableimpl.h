@@ -25,7 +25,7 @@ struct OverlayFlags {
 /// The body of a table: its name and its indices. Everything that Table documents is done here.
 class TableImplementation {
 public:
-    using Index = std::vector<Cell>;
+    using Index = Cells;
 
     static constexpr std::size_t npos = Table::npos;
 
