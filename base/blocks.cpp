@@ -2,6 +2,7 @@
 
 #include "base/immortal.h"
 
+#include <cstddef>
 #include <mutex>
 #include <utility>
 
@@ -10,17 +11,16 @@ namespace QX {
 namespace {
 
 /// What stands before the memory of a block.
-struct alignas(64) Block {
+struct Block {
     std::size_t bytes; // of the memory
     Block* next;       // among those that are kept
 
     void* memory() { return this + 1; }
     static Block* of(void* memory) { return static_cast<Block*>(memory) - 1; }
     static Block* make(std::size_t bytes) {
-        return new (::operator new(sizeof(Block) + bytes, std::align_val_t(alignof(Block))))
-            Block{bytes, nullptr};
+        return new (::operator new(sizeof(Block) + bytes)) Block{bytes, nullptr};
     }
-    static void destroy(Block* block) { ::operator delete(block, std::align_val_t(alignof(Block))); }
+    static void destroy(Block* block) { ::operator delete(block); }
 };
 
 /// The blocks of the program that are kept, the last one given back first.
@@ -84,6 +84,8 @@ Keep& keep() {
     static Immortal<Keep> keep;
     return keep.object;
 }
+
+static_assert(sizeof(Block) % alignof(std::max_align_t) == 0, "what follows must be aligned, too");
 
 } // namespace
 

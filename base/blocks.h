@@ -48,7 +48,7 @@ public:
 private:
     static bool isLarge(std::size_t bytes) {
         constexpr std::size_t large = std::size_t{1} << 18U;
-        return fastPaths && bytes >= large;
+        return keepMemory && bytes >= large;
     }
 };
 

@@ -1,17 +1,11 @@
 #pragma once
 
+#include "base/fastpaths.h"
+
 #include <cstddef>
 
-// The address sanitizer finds what goes wrong with an object only if it hands out the storage itself.
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define QX_ADDRESS_SANITIZER
-#endif
-#elif defined(__SANITIZE_ADDRESS__)
-#define QX_ADDRESS_SANITIZER
-#endif
 // MinGW frees a thread's variables before it runs their destructors, so that none can hand over a heap.
-#if defined(QX_FAST_PATHS) && !defined(QX_ADDRESS_SANITIZER) && !defined(__MINGW32__)
+#if defined(QX_KEEP_MEMORY) && !defined(__MINGW32__)
 #define QX_POOL
 #endif
 
