@@ -238,7 +238,7 @@ void* takeFirst(std::size_t size) {
 
 } // namespace
 
-void* Pooled::operator new(std::size_t size) {
+void* Pooled::operator new(std::size_t size) { // NOLINT(misc-new-delete-overloads)
     if (size > largest) {
         return ::operator new(size);
     }

@@ -22,7 +22,8 @@ public:
 
     /// The slab that `object` lies in.
     static Slab& of(void* object) {
-        return *reinterpret_cast<Slab*>(reinterpret_cast<std::uintptr_t>(object) & ~(bytes - 1));
+        auto const address = reinterpret_cast<std::uintptr_t>(object) & ~(bytes - 1);
+        return *reinterpret_cast<Slab*>(address); // NOLINT(performance-no-int-to-ptr)
     }
     /// Makes an empty slab; raises std::bad_alloc.
     static Slab* make() { return new (::operator new(bytes, std::align_val_t(bytes))) Slab; }

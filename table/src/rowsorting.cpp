@@ -47,6 +47,9 @@ public:
         honest = !dates && (apart_ || !hasNeighbours(column, rows));
     }
 
+    /// True when cells of more than one kind are to be put in order, empty ones being a kind.
+    bool mixesKinds() const { return (empties && (numbers || texts)) || (numbers && texts); }
+
     bool honest = true; // false where a cell was met whose order or equality is not
     bool empties = false;
     bool numbers = false;
@@ -126,7 +129,7 @@ public:
         for (Range& range : tied_) {
             range.alike = survey.common.size();
         }
-        if (survey.empties + survey.numbers + survey.texts > 1) {
+        if (survey.mixesKinds()) {
             refine(column, kindWord, [&](Range const& run) { tied_.push_back(run); });
         }
         std::vector<Range> done;
