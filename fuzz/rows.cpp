@@ -82,7 +82,7 @@ void distinguishTexts(CellMaker& make) {
 
 void findNames(Bytes& bytes, CellMaker& make) {
     Ptr<Table> const table = make.table(30, 2);
-    Ptr<TableImplementation> const body = TableImplementation::writable(*table);
+    Ptr<TableImplementation> const body = TableImplementation::held(*table);
     NameLookup lookup(*body);
     for (int n = 0; n < 100 && !bytes.empty(); ++n) {
         Cell const name = make.cell();
