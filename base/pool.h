@@ -3,6 +3,7 @@
 #include "base/fastpaths.h"
 
 #include <cstddef>
+#include <new>
 
 // MinGW frees a thread's variables before it runs their destructors, so that none can hand over a heap.
 #if defined(QX_KEEP_MEMORY) && !defined(__MINGW32__)
@@ -22,6 +23,13 @@ public:
 #if defined(QX_POOL)
     static void* operator new(std::size_t size); // NOLINT(misc-new-delete-overloads)
     static void operator delete(void* object, std::size_t size) noexcept;
+#else
+    static void* operator new(std::size_t size) {
+        return ::operator new(size);
+    }
+    static void operator delete(void* object, std::size_t /*size*/) noexcept {
+        ::operator delete(object);
+    }
 #endif
 
 protected:

@@ -16,4 +16,10 @@ inline Str toStr(std::string_view text) {
     return std::string(text);
 }
 
+/// Str::compare() == 0 for two views.
+inline bool equalTexts(std::string_view left, std::string_view right, bool ignoreCase) {
+    return left == right ||
+           (ignoreCase && left.size() == right.size() && toStr(left).compare(toStr(right), true) == 0);
+}
+
 } // namespace QX

@@ -10,7 +10,9 @@
 #include "cell/celltable.h"
 #include "cell/numbertext.h"
 #include "cell/plaintext.h"
+#include "cell/sharedtext.h"
 
+#include <bit>
 #include <ostream>
 #include <string_view>
 #include <utility>
@@ -27,6 +29,8 @@ bool isErrorText(Str const& text) {
            Str("#Critical: ").comparePrefix(text, true, 1) == 0;
 }
 
+static_assert(std::endian::native == std::endian::little, "a short text follows the tag's lowest byte");
+
 /// The first share of a new body.
 template <typename Body, typename... Args>
 CellContent share(Cell::CellType kind, Args&&... args) {
@@ -34,11 +38,19 @@ CellContent share(Cell::CellType kind, Args&&... args) {
     return CellContent(&counted->object, counted, kind);
 }
 
-template <typename Text>
-CellContent contentOf(Text&& text) {
+/// A string cell's content, whatever the text reads as.
+CellContent contentOf(std::string_view text) {
+    if (text.size() <= CellContent::longestInPlace) {
+        return CellContent(text.data(), text.size());
+    }
+    return CellContent(nullptr, SharedText::make(text), Cell::StringCell);
+}
+
+/// The content that a text reads as.
+CellContent contentOf(Str const& text) {
     std::string_view const view = viewOf(text);
     if (isPlainText(view)) {
-        return share<CellString>(Cell::StringCell, std::forward<Text>(text));
+        return contentOf(view);
     }
     AnalyticDouble const number = readNumber(view);
     if (number.isValid()) {
@@ -50,7 +62,7 @@ CellContent contentOf(Text&& text) {
     if (view == emptyText) {
         return CellContent();
     }
-    return share<CellString>(Cell::StringCell, std::forward<Text>(text));
+    return contentOf(view);
 }
 
 } // namespace
@@ -58,18 +70,24 @@ CellContent contentOf(Text&& text) {
 Cell::Cell(Str const& text) : content_(contentOf(text)) {
 }
 
-Cell::Cell(Str&& text) : content_(contentOf(std::move(text))) {
-}
-
-Cell::Cell(Ptr<CellImplementation> const& body) noexcept {
+Cell::Cell(Ptr<CellImplementation> const& body) {
     if (!body) {
         return;
     }
-    if (body->isA() == NumericCell) {
+    switch (body->isA()) {
+    case EmptyCell:
+        break;
+    case StringCell:
+        content_ = contentOf(static_cast<CellString const&>(*body).text());
+        break;
+    case NumericCell:
         content_ = CellContent(static_cast<CellNumeric const&>(*body).value());
-    } else if (body->isA() != EmptyCell) {
+        break;
+    case TableCell:
+    case ErrorCell:
         body.block()->increment();
         content_ = CellContent(body.get(), body.block(), body->isA());
+        break;
     }
 }
 

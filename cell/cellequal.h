@@ -1,7 +1,5 @@
 #pragma once
 
-#include "base/strview.h"
-#include "cell/cellstring.h"
 #include "cell/cellvalue.h"
 #include "cell/numbertext.h"
 
@@ -11,6 +9,9 @@ namespace QX {
 inline bool equalCells(Cell const& left, Cell const& right, bool flag) {
     Detail::CellContent const& own = CellImplementation::contentOf(left);
     Detail::CellContent const& other = CellImplementation::contentOf(right);
+    if (own.isSame(other)) {
+        return true;
+    }
     if (own.kind() == other.kind()) {
         switch (left.isA()) {
         case Cell::EmptyCell:
@@ -19,12 +20,8 @@ inline bool equalCells(Cell const& left, Cell const& right, bool flag) {
         case Cell::NumericCell:
             return own.number() == other.number() || equalNumbers(own.number(), other.number());
         case Cell::StringCell:
-            if (own.body() == other.body()) {
-                return true;
-            }
             if (!flag) {
-                return viewOf(static_cast<CellString const&>(*own.body()).text()) ==
-                       viewOf(static_cast<CellString const&>(*other.body()).text());
+                return !own.isShort() && !other.isShort() && textOf(left) == textOf(right);
             }
             break;
         case Cell::TableCell:

@@ -12,7 +12,7 @@ class CellError final : public CellString {
 public:
     using CellString::get;
 
-    explicit CellError(Status status) : CellString(Str()), status_(std::move(status)) {}
+    explicit CellError(Status status) : CellString(std::string_view()), status_(std::move(status)) {}
     ~CellError() override;
 
     bool compare(CellImplementation const& other, bool flag) const override;

@@ -2,6 +2,8 @@
 
 #include "qx/cell.h"
 
+#include <string_view>
+
 namespace QX {
 
 /// The body of a cell: one class per kind, whose objects never change. Everything that Cell documents is
@@ -15,6 +17,10 @@ public:
 
     /// What a cell holds.
     static Detail::CellContent const& contentOf(Cell const& cell) { return cell.content_; }
+    /// The cell of a text that is nothing but text and short enough to be held in the cell.
+    static Cell shortCell(std::string_view text) {
+        return Cell(Detail::CellContent(text.data(), text.size()));
+    }
 
     virtual bool compare(CellImplementation const& other, bool flag) const = 0;
     /// A new body of this one's own; a table body's has an empty table of the same name, an error body's

@@ -1,7 +1,9 @@
 #include "cell/cellstring.h"
 
 #include "base/makeptr.h"
+#include "base/strview.h"
 #include "cell/cellnumeric.h"
+#include "cell/plaintext.h"
 
 #include <ostream>
 
@@ -13,13 +15,22 @@ bool hasText(CellImplementation const& body) {
     return body.isA() == Cell::StringCell || body.isA() == Cell::ErrorCell;
 }
 
-} // namespace
+/// A text that outlives the base made after it.
+struct KeptText {
+    Str kept;
+};
 
-CellString::~CellString() = default;
+/// The body of a string cell of its own.
+class OwnString final : KeptText, public CellString {
+public:
+    explicit OwnString(std::string_view text) : KeptText{toStr(text)}, CellString(viewOf(kept)) {}
+};
+
+} // namespace
 
 bool CellString::compare(CellImplementation const& other, bool flag) const {
     if (hasText(other)) {
-        return text_.compare(static_cast<CellString const&>(other).text_, flag) == 0;
+        return equalTexts(text_, static_cast<CellString const&>(other).text_, flag);
     }
     if (other.isA() != Cell::NumericCell) {
         return false;
@@ -29,7 +40,7 @@ bool CellString::compare(CellImplementation const& other, bool flag) const {
 }
 
 Ptr<CellImplementation> CellString::clone() const {
-    return makePtr<CellString>(text_);
+    return makePtr<OwnString>(text_);
 }
 
 std::ostream& CellString::display(std::ostream& os) const {
@@ -42,23 +53,27 @@ Status CellString::get(Date& out) const {
         return Status();
     }
     Status failure("String ", Status::Error, -1);
-    failure << text_ << " is not a recognised date";
+    failure << toStr(text_) << " is not a recognised date";
     return failure;
 }
 
 Status CellString::get(Str& out, int /*precision*/) const {
-    out = text_;
+    out = toStr(text_);
     return Status();
 }
 
 Status CellString::get(bool& out) const {
-    out = text_.compare("TRUE", true) == 0;
+    out = equalTexts(text_, "TRUE", true);
     return Status();
+}
+
+Date CellString::date() const {
+    return isPlainText(text_) ? Date() : Date(toStr(text_), Str());
 }
 
 bool CellString::lessThan(CellImplementation const& other) const {
     if (hasText(other)) {
-        return text_.compare(static_cast<CellString const&>(other).text_, false) < 0;
+        return text_ < static_cast<CellString const&>(other).text_;
     }
     if (other.isA() != Cell::NumericCell) {
         return true;

@@ -2,18 +2,17 @@
 
 #include "cell/cellimplementation.h"
 
-#include <utility>
+#include <string_view>
 
 namespace QX {
 
-/// The body of a string cell.
+/// The body of a string cell: a view of its text.
 class CellString : public CellImplementation {
 public:
     using CellImplementation::get;
 
-    explicit CellString(Str const& text) : text_(text) {}
-    explicit CellString(Str&& text) : text_(std::move(text)) {}
-    ~CellString() override;
+    /// Looks at `text`, which must outlive this.
+    explicit CellString(std::string_view text) : text_(text) {}
 
     bool compare(CellImplementation const& other, bool flag) const override;
     Ptr<CellImplementation> clone() const override;
@@ -26,12 +25,12 @@ public:
     bool lessThan(CellImplementation const& other) const override;
 
     /// The text, which is empty for an error body.
-    Str const& text() const { return text_; }
+    std::string_view text() const { return text_; }
     /// The date that the text is; not valid when it is none.
-    Date date() const { return Date(text_, Str()); }
+    Date date() const;
 
 private:
-    Str text_;
+    std::string_view text_;
 };
 
 } // namespace QX

@@ -1,5 +1,6 @@
 #include "cell/cellvalue.h"
 
+#include "cell/cellstring.h"
 #include "cell/celltable.h"
 
 #include <algorithm>
@@ -44,7 +45,7 @@ std::uint32_t ownersOf(Cell const& cell) {
 }
 
 bool isDate(Cell const& cell) {
-    return cell.isA() == Cell::StringCell && bodyOf<CellString>(cell).date().isValid();
+    return cell.isA() == Cell::StringCell && CellString(textOf(cell)).date().isValid();
 }
 
 } // namespace QX

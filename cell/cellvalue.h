@@ -1,8 +1,7 @@
 #pragma once
 
-#include "base/strview.h"
 #include "cell/cellimplementation.h"
-#include "cell/cellstring.h"
+#include "cell/sharedtext.h"
 
 #include <cstdint>
 #include <string_view>
@@ -10,7 +9,7 @@
 namespace QX {
 
 /// A look at what a cell holds without copying it: the fields that belong to its kind, the others as
-/// made. Valid as long as the cell's body.
+/// made. Valid as long as the cell.
 struct CellValue {
     Cell::CellType kind = Cell::EmptyCell;
     std::string_view text;        ///< of a string cell
@@ -27,10 +26,11 @@ inline AnalyticDouble numberOf(Cell const& cell) {
     return number;
 }
 
-/// The text of a string cell.
+/// The text of a string cell; valid as long as the cell stays where it is.
 inline std::string_view textOf(Cell const& cell) {
-    CellImplementation const& body = *CellImplementation::contentOf(cell).body();
-    return viewOf(static_cast<CellString const&>(body).text());
+    Detail::CellContent const& content = CellImplementation::contentOf(cell);
+    return content.isShort() ? std::string_view(content.shortText(), content.shortSize())
+                             : SharedText::of(content.block()).text();
 }
 
 /// The handle by which a table cell holds its nested table.

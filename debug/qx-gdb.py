@@ -22,10 +22,13 @@ ESCAPES = ((b"\\", b"\\\\"), (b'"', b'\\"'), (b"\n", b"\\n"), (b"\t", b"\\t"), (
 
 
 def quoted(text):
-    """The QX::Str `text` in quotes, its quotes, line ends and broken UTF-8 escaped."""
+    """The QX::Str `text` in quotes, as quoted_bytes() shows it."""
     body = text["text_"]
-    size = int(body["_M_string_length"])
-    start = body["_M_dataplus"]["_M_p"]
+    return quoted_bytes(body["_M_dataplus"]["_M_p"], int(body["_M_string_length"]))
+
+
+def quoted_bytes(start, size):
+    """A text of so many bytes in quotes, its quotes, line ends and broken UTF-8 escaped."""
     shown = bytes(gdb.selected_inferior().read_memory(start, min(size, LONGEST))) if size else b""
     for plain, written in ESCAPES:
         shown = shown.replace(plain, written)
@@ -73,8 +76,18 @@ def kind_of(cell):
     return KINDS[int(cell["content_"]["tag_"]) & 7]
 
 
+def cell_text(cell):
+    """The text of a string QX::Cell, in quotes."""
+    content = cell["content_"]
+    tag = int(content["tag_"])
+    if tag & 8:
+        return quoted_bytes(int(content.address) + 1, tag >> 4 & 15)
+    block = gdb.Value(tag & ~7).cast(gdb.lookup_type("QX::SharedText").pointer())
+    return quoted_bytes(int(block + 1), int(block["size_"]))
+
+
 def body_of(cell):
-    """The body of a QX::Cell that has one, as the class that it really is."""
+    """The body of a table cell or an error cell, as the class that it really is."""
     pointer = cell["content_"]["payload_"]["body"]
     return pointer.cast(pointer.dynamic_type).dereference()
 
@@ -142,7 +155,7 @@ class CellPrinter:
 
     TEXTS = {
         "empty": lambda cell: "empty",
-        "text": lambda cell: quoted(body_of(cell)["text_"]),
+        "text": cell_text,
         "number": cell_number,
         "table": lambda cell: table_text(body_of(cell)["table_"]),
         "error": lambda cell: "error " + quoted(body_of(cell)["status_"]["text_"]),

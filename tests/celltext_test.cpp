@@ -41,6 +41,21 @@ TEST(CellFromText, KeepsWhatIsNothingElse) {
     }
 }
 
+TEST(CellFromText, KeepsTextsOfAnyLength) {
+    for (std::size_t size = 0; size < 40; ++size) {
+        std::string const kept(size, '\0');
+        Cell const cell{Str(kept)};
+        Cell moved(cell);
+        moved = Cell(std::move(moved));
+        EXPECT_EQ(text(moved), kept);
+        EXPECT_TRUE(moved.compare(Cell(Str(kept)), false));
+        EXPECT_FALSE(moved.compare(Cell(Str(kept + '\0')), false)) << size;
+        EXPECT_TRUE(moved < Cell(Str(kept + '\0'))) << size;
+        EXPECT_TRUE(Cell(Str(kept + "\x7f")) < Cell(Str(kept + "\x80"))) << size;
+        EXPECT_TRUE(Cell(Str(kept + 'A')).compare(Cell(Str(kept + 'a')), true)) << size;
+    }
+}
+
 TEST(CellFromText, ReadsErrorsAndNothing) {
     for (char const* const error : {"#Err: ", "#eRR: anything", "#Critical: x", "#CRITICAL:  "}) {
         Status status;

@@ -54,17 +54,26 @@ public:
 private:
     static Cell bits(std::uint64_t value) { return {std::bit_cast<double>(value)}; }
 
+    template <std::size_t size>
+    static Cell bytes(char const (&text)[size]) {
+        return {Str(std::string(text, size - 1))};
+    }
+
     std::mt19937 random_;
     Ptr<Table> shared_{new Table("n")};
     std::vector<Cells> honestKinds_{
         {0, -0.0, 1, 2, 3, 0.5, -7.25, 1e300, 1e15, HUGE_VAL, -HUGE_VAL},
         {Cell("a"), Cell("b"), Cell("A"), Cell("ab"), Cell("a:"), Cell(":b")},
         {Cell(), Cell(Str("")), undefined(), undefined(0.3), undefined(1)},
+        {bytes("fourteen bytes"), bytes("fifteen bytes a"), bytes("fifteen bytes\0\0"),
+         bytes("FIFTEEN BYTES A"), bytes("more, 16 bytes a"), bytes("more, 16 bytes b"),
+         bytes("MORE, 16 BYTES A"), bytes("more, 16 bytes a\0")},
     };
     std::vector<Cells> kinds_{
         honestKinds_[0],
         honestKinds_[1],
         honestKinds_[2],
+        honestKinds_[3],
         {0.3, 0.1 + 0.2, std::nextafter(0.1 + 0.2, 1), std::nextafter(1, 2), std::nextafter(1, 0), 1},
         {0, -0.0, DBL_TRUE_MIN, -DBL_TRUE_MIN, 2 * DBL_TRUE_MIN, DBL_MAX, HUGE_VAL, -DBL_MAX},
         {bits(0x7FF8000000000000), bits(0x7FF8000000000001), bits(0x7FF8000000000003), HUGE_VAL,

@@ -1,3 +1,4 @@
+#include "base/makeptr.h"
 #include "brief.h"
 #include "cell/cellempty.h"
 #include "cell/cellerror.h"
@@ -25,7 +26,7 @@ TEST(CellBody, ClonesToABodyOfItsOwn) {
 }
 
 TEST(CellBody, IsSharedByEveryCellThatHoldsIt) {
-    Ptr<CellImplementation> const body = CellString("x").clone();
+    Ptr<CellImplementation> const body = makePtr<CellError>(Status("x", Status::Error, -1));
     EXPECT_STREQ(blockOf(body)->location(), "qxdll");
     Cell const first(body);
     Ptr<Table> const t = brief("");

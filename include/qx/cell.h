@@ -7,7 +7,9 @@
 #include "qxbase/str.h"
 #include "qxdatetime/date.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <iosfwd>
 #include <type_traits>
 #include <utility>
@@ -19,23 +21,31 @@ class Table;
 
 namespace Detail {
 
-/// What a cell holds: nothing, a number in place, or a share of a body.
+/// What a cell holds: nothing, a number or a short text in place, or a share of a body.
 class CellContent {
 public:
+    /// Texts of so many bytes are held in place.
+    static constexpr std::size_t longestInPlace = 15;
+
     /// Holds nothing.
     CellContent() noexcept : tag_(0), payload_() {}
     /// Holds a number.
     explicit CellContent(AnalyticDouble const& number) noexcept
         : CellContent(number.get(), number.isValid()) {}
-    CellContent(double number, bool valid) noexcept : tag_(numeric | (valid ? validMark : 0)) {
+    CellContent(double number, bool valid) noexcept : tag_(numeric | (valid ? inPlace : 0)) {
         payload_.number = number;
+    }
+    /// Holds a text of at most `longestInPlace` bytes.
+    CellContent(char const* text, std::size_t size) noexcept
+        : tag_(string | inPlace | size << sizeShift), payload_() {
+        std::memcpy(reinterpret_cast<char*>(this) + 1, text, size);
     }
     /// Takes over one count of a body's block; `kind` is the kind of the body, neither empty nor
     /// numeric.
     CellContent(CellImplementation* body, PtrRefCount* block, unsigned kind) noexcept
         : tag_(reinterpret_cast<std::uintptr_t>(block) | kind) {
-        static_assert(alignof(PtrRefCount) > kindMask,
-                      "the kind is kept in the free bits of an address");
+        static_assert(__STDCPP_DEFAULT_NEW_ALIGNMENT__ > (kindMask | inPlace),
+                      "kind and mark are kept in the free bits of an address");
         payload_.body = body;
     }
     CellContent(CellContent const& other) noexcept : tag_(other.tag_), payload_(other.payload_) {
@@ -66,21 +76,33 @@ public:
     /// The number of a numeric cell.
     double number() const noexcept { return payload_.number; }
     /// Whether that number is valid.
-    bool isValid() const noexcept { return (tag_ & validMark) != 0; }
-    /// The body; only if there is one.
+    bool isValid() const noexcept { return (tag_ & inPlace) != 0; }
+    /// Whether the text of a string cell is held in place.
+    bool isShort() const noexcept { return (tag_ & inPlace) != 0; }
+    /// The bytes of such a text; valid as long as this content stays where it is.
+    char const* shortText() const noexcept { return reinterpret_cast<char const*>(this) + 1; }
+    std::size_t shortSize() const noexcept { return (tag_ >> sizeShift) & longestInPlace; }
+    /// The body of a table cell or an error cell.
     CellImplementation* body() const noexcept { return payload_.body; }
-    /// The number of cells that share the body; 0 without a body.
-    std::uint32_t owners() const noexcept { return isShared() ? block()->count() : 0; }
-
-private:
-    static constexpr std::uintptr_t kindMask = 7;
-    static constexpr std::uintptr_t numeric = 2;
-    static constexpr std::uintptr_t validMark = 8; // beside the kind of a number, which has no block
-
-    bool isShared() const noexcept { return tag_ > (kindMask | validMark); }
+    /// The block of what is shared.
     PtrRefCount* block() const noexcept {
         return reinterpret_cast<PtrRefCount*>(tag_ & ~kindMask); // NOLINT(performance-no-int-to-ptr)
     }
+    /// The number of cells that share the body; 0 where nothing is shared.
+    std::uint32_t owners() const noexcept { return isShared() ? block()->count() : 0; }
+    /// True when both hold the same bits, and so the same thing.
+    bool isSame(CellContent const& other) const noexcept {
+        return std::memcmp(this, &other, sizeof(CellContent)) == 0;
+    }
+
+private:
+    static constexpr std::uintptr_t kindMask = 7;
+    static constexpr std::uintptr_t string = 1;
+    static constexpr std::uintptr_t numeric = 2;
+    static constexpr std::uintptr_t inPlace = 8; // a valid number or a short text
+    static constexpr unsigned sizeShift = 4;     // where the size of a short text begins
+
+    bool isShared() const noexcept { return tag_ > kindMask && (tag_ & inPlace) == 0; }
     void swap(CellContent& other) noexcept {
         std::swap(tag_, other.tag_);
         std::swap(payload_, other.payload_);
@@ -91,7 +113,9 @@ private:
         double number;
     };
 
-    std::uintptr_t tag_; // the address of the block, and the kind in its lowest bits
+    // The address of a block with the kind in its lowest bits. Without one, the lowest byte is kind, mark
+    // and size, and a short text fills the other bytes and the payload.
+    std::uintptr_t tag_;
     Payload payload_;
 };
 
@@ -101,8 +125,8 @@ private:
 ///
 /// A cell is a small handle over a body that never changes. Copying or assigning a cell, or storing it
 /// in a table, shares the body: it costs one increment and allocates nothing. An empty cell has no body,
-/// and a number is held in the cell itself. Only the nested table of a table cell can change, and then
-/// changes for every cell that shares it.
+/// and numbers and texts of up to 15 bytes are held in the cell itself. Only the nested table of a table
+/// cell can change, and then changes for every cell that shares it.
 ///
 /// All conversions are `Status get(T& out) const`: they never throw for a value that does not fit but
 /// return an Error with code -1, and leave `out` untouched unless said otherwise below. Which kind
@@ -138,7 +162,7 @@ public:
     /// Takes over the body of `other`, which becomes an empty cell.
     Cell(Cell&& other) noexcept : content_(std::move(other.content_)) {}
     /// Shares a body; for the library's own use. A null body gives an empty cell.
-    Cell(Ptr<CellImplementation> const& body) noexcept;
+    Cell(Ptr<CellImplementation> const& body);
     /// Makes the kind of cell that `text` reads as, the first of these that fits:
     ///
     /// - a number in decimal: optional white space, sign, digits with or without a point, and exponent,
@@ -153,10 +177,8 @@ public:
     /// - otherwise a string cell with that text, the empty text included.
     ///
     /// So no cell holds a text that reads as a number: "007" becomes 7. Uses no stream; allocates at
-    /// most the body and the copy of the text.
+    /// most the body, of a text of more than 15 bytes or an error.
     Cell(Str const& text);
-    /// Makes the same of a text that is no longer needed, whose bytes a string cell takes over.
-    Cell(Str&& text);
     /// Makes a valid number of any double, NaN and infinities included; allocates nothing.
     Cell(double value) noexcept : content_(value, true) {}
     /// Makes a number with the validity of `value`; allocates nothing.

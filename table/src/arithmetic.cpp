@@ -14,30 +14,18 @@ namespace {
 
 constexpr char const* marker = "%D";
 
-/// Knows the template cells that mark a position to compute with.
-class Markers {
-public:
-    bool contain(Cell const& cell) {
-        if (cell.isA() == Cell::StringCell) {
-            CellImplementation const* const body = CellImplementation::contentOf(cell).body();
-            if (body != marking_ && textOf(cell) == marker) {
-                marking_ = body;
-            }
-            return body == marking_;
-        }
-        return cell.isA() == Cell::ErrorCell && isErrorMarker(cell);
+/// True for a template cell that marks a position to compute with.
+bool isMarker(Cell const& cell) {
+    if (cell.isA() == Cell::StringCell) {
+        return textOf(cell) == marker;
     }
-
-private:
-    /// True for an error cell of an Ok status, which shows its text unmarked.
-    static bool isErrorMarker(Cell const& cell) {
-        Str text;
-        cell.get(text, 0);
-        return text == marker;
+    if (cell.isA() != Cell::ErrorCell) {
+        return false;
     }
-
-    CellImplementation const* marking_ = nullptr; // all marks of a made template share one body
-};
+    Str text;
+    cell.get(text, 0); // an error cell of an Ok status shows its text unmarked
+    return text == marker;
+}
 
 /// Combines cells by one operator.
 class Operation {
@@ -117,7 +105,7 @@ struct Combination {
     auto key() const { return std::tuple(left, right, templ); }
 
     /// Computes cells up to the next nested tables and begins with those.
-    std::optional<Combination> advance(Operation const& compute, Markers& markers) {
+    std::optional<Combination> advance(Operation const& compute) {
         for (; !at.ended(); at.nextIndex()) {
             Column const cells = left->column(at.i, at.items);
             Column const others = right->column(at.i, at.items);
@@ -128,7 +116,7 @@ struct Combination {
                 if (Table const* const nested = nestedIn(guide)) {
                     return beginNested(cell, others[at.j], *nested, compute);
                 }
-                put(markers.contain(guide) ? compute(cell, others[at.j]) : cell);
+                put(isMarker(guide) ? compute(cell, others[at.j]) : cell);
             }
         }
         return std::nullopt;
@@ -208,7 +196,7 @@ struct Summation {
     Key key() const { return {data, templ}; }
 
     /// Adds cells to `total` up to the next nested tables whose sum is not known and begins with those.
-    std::optional<Summation> advance(Operator op, Sums const& known, Markers& markers, double& total) {
+    std::optional<Summation> advance(Operator op, Sums const& known, double& total) {
         for (; !at.ended(); at.nextIndex()) {
             Column const cells = data->column(at.i, at.items);
             Column const guides = templ->column(at.i, at.items);
@@ -222,7 +210,7 @@ struct Summation {
                         return nested;
                     }
                     add(op, met->second, total);
-                } else if (markers.contain(guide)) {
+                } else if (isMarker(guide)) {
                     add(op, cell.isA() == Cell::NumericCell ? numberOf(cell).get() : 0, total);
                 }
             }
@@ -263,12 +251,11 @@ Status TableImplementation::operation(TableImplementation const& right, Str cons
                                       TableImplementation const& templ, Ptr<Table>& result) const {
     Ptr<Table> const former = result; // `op` may be its name
     Operation const compute(op);
-    Markers markers;
     Combination root = Combination::begin(*this, right, templ, compute);
     result = root.computed;
     descend(
         std::move(root),
-        [&](Descent<Combination>& descent) { return descent.back().advance(compute, markers); },
+        [&](Descent<Combination>& descent) { return descent.back().advance(compute); },
         [](Descent<Combination>& descent, Combination const& done) {
             descent.back().put(Cell(done.computed));
         });
@@ -295,13 +282,12 @@ Status TableImplementation::makeTemplate(TableImplementation const& other, Ptr<T
 Status TableImplementation::unaryOperation(Str const& op, TableImplementation const& templ,
                                            double& total) const {
     Operator const decoded = operatorOf(op);
-    Markers markers;
     Summation::Sums known; // a table can be reached along 2^depth ways
     auto const sumOf = [&](Descent<Summation>& descent) -> double& {
         return descent.size() == 1 ? total : descent.back().sum; // `total` counts also when this raises
     };
     auto const advance = [&](Descent<Summation>& descent) {
-        return descent.back().advance(decoded, known, markers, sumOf(descent));
+        return descent.back().advance(decoded, known, sumOf(descent));
     };
     auto const finish = [&](Descent<Summation>& descent, Summation const& done) {
         if (done.repeats) {

@@ -15,21 +15,31 @@ class Name {
 public:
     explicit Name(std::string_view text)
         : text_(text), plain_(fastPaths && isPlainText(text)),
-          cell_(plain_ ? Cell() : Cell(toStr(text))) {}
+          cell_(plain_ ? shortCell(text) : Cell(toStr(text))) {}
     explicit Name(Cell const& cell)
         : text_(cell.isA() == Cell::StringCell ? textOf(cell) : std::string_view()),
           plain_(fastPaths && isPlainText(text_)), cell_(cell) {}
 
     /// True when the first cell of an index equals this name.
     bool matches(Cell const& first) const {
+        if (!plain_) {
+            return first.compare(cell_, false);
+        }
         // A plain text equals no cell of another kind: it is not empty, and no number has its date.
-        return plain_ ? first.isA() == Cell::StringCell && textOf(first) == text_
-                      : first.compare(cell_, false);
+        return text_.size() <= Detail::CellContent::longestInPlace
+                   ? CellImplementation::contentOf(first).isSame(CellImplementation::contentOf(cell_))
+                   : first.isA() == Cell::StringCell && textOf(first) == text_;
     }
     /// The cell to name an index by.
     Cell cell() const { return cell_.isA() == Cell::EmptyCell && plain_ ? Cell(toStr(text_)) : cell_; }
 
 private:
+    /// The cell of a plain text; empty if that takes an allocation.
+    static Cell shortCell(std::string_view text) {
+        return text.size() <= Detail::CellContent::longestInPlace ? CellImplementation::shortCell(text)
+                                                                  : Cell();
+    }
+
     std::string_view text_;
     bool plain_;
     Cell cell_; // empty if it is not needed

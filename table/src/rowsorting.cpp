@@ -19,10 +19,6 @@ namespace {
 
 using Word = std::uint64_t;
 
-Word gridWord(double number) {
-    return static_cast<Word>(gridPlace(number)) ^ Word { 1 } << 63U;
-}
-
 /// Shortens `common` to what `text` begins with, too.
 void keepCommon(std::string_view& common, std::string_view text) {
     if (!text.starts_with(common)) {

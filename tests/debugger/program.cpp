@@ -3,8 +3,8 @@
 
 #include "cell/cellerror.h"
 #include "cell/cellnumeric.h"
-#include "cell/cellstring.h"
 #include "cell/celltable.h"
+#include "cell/sharedtext.h"
 #include "table/src/tableimpl.h"
 
 #include <qx/qx.h>

@@ -1,0 +1,27 @@
+#include "cell/sharedtext.h"
+
+#include "base/pool.h"
+
+#include <cstring>
+#include <new>
+
+namespace QX {
+
+SharedText* SharedText::make(std::string_view text) {
+    return new (Pooled::operator new(sizeof(SharedText) + text.size())) SharedText(text);
+}
+
+SharedText::SharedText(std::string_view text)
+    : PtrRefCount(QX_MODULE_TAG, &SharedText::remove), size_(text.size()) {
+    std::memcpy(reinterpret_cast<char*>(this + 1), text.data(), size_);
+}
+
+void SharedText::remove(PtrRefCount* block, void* /*object: a part of the block*/) {
+    Detail::requireReleased(*block);
+    auto* const text = static_cast<SharedText*>(block);
+    std::size_t const size = sizeof(SharedText) + text->size_;
+    text->~SharedText();
+    Pooled::operator delete(text, size);
+}
+
+} // namespace QX
