@@ -2,7 +2,6 @@
 
 #include "qxbase/str.h"
 
-#include <string>
 #include <string_view>
 
 namespace QX {
@@ -13,7 +12,9 @@ inline std::string_view viewOf(Str const& text) {
 }
 
 inline Str toStr(std::string_view text) {
-    return std::string(text);
+    Str made;
+    made.assign(text.data(), text.size());
+    return made;
 }
 
 /// Str::compare() == 0 for two views.

@@ -4,6 +4,7 @@
 #include "base/strview.h"
 #include "cell/cellbody.h"
 #include "cell/cellempty.h"
+#include "cell/cellequal.h"
 #include "cell/cellerror.h"
 #include "cell/cellnumeric.h"
 #include "cell/cellstring.h"
@@ -144,10 +145,14 @@ std::ostream& Cell::display(std::ostream& os) const {
     return onBody(*this, [&](auto const& body) -> std::ostream& { return body.display(os); });
 }
 
-bool Cell::compare(Cell const& other, bool flag) const {
-    return onBody(*this, [&](auto const& body) {
-        return onBody(other, [&](auto const& others) { return body.compare(others, flag); });
+bool equalBodies(Cell const& left, Cell const& right, bool flag) {
+    return onBody(left, [&](auto const& body) {
+        return onBody(right, [&](auto const& other) { return body.compare(other, flag); });
     });
+}
+
+bool Cell::compare(Cell const& other, bool flag) const {
+    return equalCells(*this, other, flag);
 }
 
 bool Cell::operator<(Cell const& other) const {

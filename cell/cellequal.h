@@ -5,7 +5,10 @@
 
 namespace QX {
 
-/// Cell::compare() for the many cells of a walk: decides by what the cells hold where that is enough.
+/// Cell::compare() as the bodies of the two cells define it.
+bool equalBodies(Cell const& left, Cell const& right, bool flag);
+
+/// The same, decided by what the cells hold where that is enough.
 inline bool equalCells(Cell const& left, Cell const& right, bool flag) {
     Detail::CellContent const& own = CellImplementation::contentOf(left);
     Detail::CellContent const& other = CellImplementation::contentOf(right);
@@ -28,7 +31,7 @@ inline bool equalCells(Cell const& left, Cell const& right, bool flag) {
             return nestedIn(left) == nestedIn(right);
         }
     }
-    return left.compare(right, flag);
+    return equalBodies(left, right, flag);
 }
 
 } // namespace QX

@@ -58,7 +58,7 @@ Status CellString::get(Date& out) const {
 }
 
 Status CellString::get(Str& out, int /*precision*/) const {
-    out = toStr(text_);
+    out.assign(text_.data(), text_.size());
     return Status();
 }
 

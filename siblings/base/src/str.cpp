@@ -40,6 +40,11 @@ Str::Str(std::string const& text) : text_(text) {
 void Str::anchor() const {
 }
 
+Str& Str::assign(char const* bytes, std::size_t size) {
+    text_.assign(bytes, size);
+    return *this;
+}
+
 Str Str::operator+(Str const& other) const {
     Str sum;
     sum.text_.reserve(text_.size() + other.text_.size());

@@ -29,6 +29,9 @@ public:
     Str& operator=(Str&&) noexcept = default;
     virtual ~Str() = default;
 
+    /// Makes this text the given bytes, which must not lie in it, and returns it; keeps its room.
+    Str& assign(char const* bytes, std::size_t size);
+
     /// True when the text has no bytes.
     bool empty() const { return text_.empty(); }
     /// The number of bytes, without the terminating zero.
