@@ -57,7 +57,7 @@ public:
     explicit Table(Str const& name);
     /// Makes a handle to a data body, with attributes of its own; for the library's own use.
     explicit Table(Ptr<TableImplementation> const& body);
-    /// Shares both bodies of `other`.
+    /// Shares both bodies of `other`, whose attributes are made for that when nothing has used them yet.
     Table(Table const& other);
     /// Shares both bodies of `other`, then releases those held so far.
     Table& operator=(Table const& other);
@@ -479,9 +479,10 @@ private:
 
     TableImplementation const& body() const;
     Ptr<TableImplementation> heldBody() const;
+    Ptr<TableImplementation> const& heldAttributes() const;
 
     Ptr<TableImplementation> data_;
-    Ptr<TableImplementation> attributes_;
+    mutable Ptr<TableImplementation> attributes_; // a null handle to an object: still to be made
 };
 
 } // namespace QX

@@ -10,7 +10,7 @@ namespace {
 /// A table on its way into a copy: first its data, then its attributes.
 struct Cloning {
     TableImplementation const* data;
-    TableImplementation const* attributes; // null when there are none
+    TableImplementation const* attributes; // null when there are none or nothing has used them
     Ptr<Table> copy;
     bool inAttributes = false;
     std::size_t width = data->items(); // of the one that is being copied
@@ -47,7 +47,8 @@ Table const* TableImplementation::cloneCells(TableImplementation& copy, std::siz
 Ptr<Table> TableImplementation::clone(Table const& table) {
     auto const begin = [](Table const& source) {
         TableImplementation const& data = of(source);
-        return Cloning{&data, source.attributes_.get(), makePtr<Table>(data.name_)};
+        return Cloning{&data, source.attributes_ ? source.attributes_.get() : nullptr,
+                       makePtr<Table>(data.name_)};
     };
     auto const copyOf = [](Cloning const& walk) -> TableImplementation& {
         return walk.inAttributes ? *walk.copy->attributes_ : *walk.copy->data_;
@@ -63,7 +64,7 @@ Ptr<Table> TableImplementation::clone(Table const& table) {
             }
             walk.inAttributes = true;
             walk.width = walk.attributes->items();
-            walk.copy->attributes_->name_ = walk.attributes->name_;
+            walk.copy->attributes_ = makeBody(walk.attributes->name_);
         }
     };
     auto const finish = [&](Descent<Cloning>& descent, Cloning const& done) {

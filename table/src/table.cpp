@@ -25,6 +25,12 @@ Cell& writeTo(Ptr<TableImplementation>& data, Write const& write) {
     return cell;
 }
 
+/// Attributes that nothing has used yet: hardly any table has some, and a body takes as much memory as
+/// all else of a small table. It reads as null, but its object is an empty body.
+Ptr<TableImplementation> unmadeAttributes() {
+    return {const_cast<TableImplementation*>(&TableImplementation::none()), nullptr};
+}
+
 } // namespace
 
 Table::Table() : Table(Str()) {
@@ -33,10 +39,11 @@ Table::Table() : Table(Str()) {
 Table::Table(Str const& name) : Table(makeBody(name)) {
 }
 
-Table::Table(Ptr<TableImplementation> const& body) : data_(body), attributes_(makeBody(Str())) {
+Table::Table(Ptr<TableImplementation> const& body) : data_(body), attributes_(unmadeAttributes()) {
 }
 
-Table::Table(Table const& other) = default;
+Table::Table(Table const& other) : data_(other.data_), attributes_(other.heldAttributes()) {
+}
 
 Table& Table::operator=(Table const& other) {
     Table kept(other); // `other` may go with the bodies that are released here
@@ -115,11 +122,11 @@ Status Table::alias(Ptr<Table const> /*other*/, Ptr<Table>& /*result*/) const {
 }
 
 Ptr<Table> Table::getAttributes() const {
-    return makePtr<Table>(attributes_);
+    return makePtr<Table>(heldAttributes());
 }
 
 void Table::setAttributes(Ptr<Table> table) {
-    attributes_ = table ? table->data_ : makeBody(Str());
+    attributes_ = table ? table->data_ : unmadeAttributes();
 }
 
 std::ostream& Table::display(std::ostream& os, int number) const {
@@ -132,6 +139,13 @@ Ptr<TableImplementation> Table::getImplementation() const {
 
 Ptr<TableImplementation> Table::heldBody() const {
     return data_ ? data_ : makeBody(Str());
+}
+
+Ptr<TableImplementation> const& Table::heldAttributes() const {
+    if (!attributes_ && attributes_.get() != nullptr) {
+        attributes_ = makeBody(Str());
+    }
+    return attributes_;
 }
 
 TableImplementation const& Table::body() const {

@@ -224,14 +224,15 @@ Cell& Table::atXPath(Str const& path, bool create, char separator) {
 
 Status Table::setAttribute(Str const& path, Cell const& value) {
     Cell const kept(value); // it may live in the attributes, which may grow
-    Ptr<TableImplementation> const attributes = attributes_ ? attributes_ : makeBody(Str("Attributes"));
+    Ptr<TableImplementation> const attributes =
+        heldAttributes() ? attributes_ : makeBody(Str("Attributes"));
     placeAt(attributes, path, true, '/') = kept;
     attributes_ = attributes;
     return Status();
 }
 
 Status Table::getAttribute(Str const& path, Cell& value) const {
-    if (attributes_) {
+    if (heldAttributes()) {
         value = valueAt(attributes_, path, '/');
     }
     return Status();
