@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/fastpaths.h"
+#include "base/pool.h"
 
 #include <cstddef>
 #include <limits>
@@ -15,7 +16,7 @@ namespace QX {
 void* takeBlock(std::size_t bytes);
 void giveBlock(void* block) noexcept;
 
-/// Allocates arrays, the large ones as such blocks.
+/// Allocates arrays, the large ones as such blocks and the small ones in the storage of small objects.
 template <typename T>
 class BlockAllocator {
 public:
@@ -30,13 +31,14 @@ public:
             throw std::bad_array_new_length();
         }
         std::size_t const bytes = count * sizeof(T);
-        return static_cast<T*>(isLarge(bytes) ? takeBlock(bytes) : ::operator new(bytes));
+        return static_cast<T*>(isLarge(bytes) ? takeBlock(bytes) : takeStorage(bytes));
     }
     void deallocate(T* array, std::size_t count) noexcept {
-        if (isLarge(count * sizeof(T))) {
+        std::size_t const bytes = count * sizeof(T);
+        if (isLarge(bytes)) {
             giveBlock(array);
         } else {
-            ::operator delete(array);
+            giveStorage(array, bytes);
         }
     }
 
@@ -52,7 +54,7 @@ private:
     }
 };
 
-/// A vector that may be large and of which there are soon others of its size.
+/// A vector that is small, or large, and of which there are soon others of its size.
 template <typename T>
 using BlockVector = std::vector<T, BlockAllocator<T>>;
 

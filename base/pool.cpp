@@ -17,6 +17,10 @@ namespace {
 constexpr std::size_t granule = 16;  // objects whose sizes round up to one multiple share slabs
 constexpr std::size_t largest = 128; // larger ones are left to the global operator new
 
+bool isPooled(std::size_t size) {
+    return size - 1 < largest; // an array may be of no size at all
+}
+
 /// The empty slabs that the program keeps to use them again.
 class Depot {
 public:
@@ -238,24 +242,24 @@ void* takeFirst(std::size_t size) {
 
 } // namespace
 
-void* Pooled::operator new(std::size_t size) { // NOLINT(misc-new-delete-overloads)
-    if (size > largest) {
+void* takeStorage(std::size_t size) {
+    if (!isPooled(size)) {
         return ::operator new(size);
     }
     return own != nullptr ? own->take(size) : takeFirst(size);
 }
 
-void Pooled::operator delete(void* object, std::size_t size) noexcept {
-    if (size > largest) {
-        ::operator delete(object);
+void giveStorage(void* storage, std::size_t size) noexcept {
+    if (!isPooled(size)) {
+        ::operator delete(storage);
         return;
     }
-    Slab& slab = Slab::of(object);
+    Slab& slab = Slab::of(storage);
     Heap& heap = slab.heap();
     if (&heap == own) {
-        heap.give(slab, object);
-    } else if (!heap.waiting || !heaps().giveTo(heap, slab, object)) {
-        heap.giveFromOutside(object);
+        heap.give(slab, storage);
+    } else if (!heap.waiting || !heaps().giveTo(heap, slab, storage)) {
+        heap.giveFromOutside(storage);
     }
 }
 

@@ -12,25 +12,31 @@
 
 namespace QX {
 
-/// A base for the library's small objects, of which tables hold millions: packs objects of about one
-/// size side by side, which takes less memory and less time than the global operator new.
+/// Storage for the library's small objects and arrays, of which tables hold millions: packs those of
+/// about one size side by side, which takes less memory and less time than the global operator new. That
+/// one hands out what is larger.
 ///
-/// Each thread hands out storage from slabs of its own, without locks. Any thread may delete what
-/// another has made, also after that one has ended. Empty slabs go back to the global operator delete,
-/// but for a few that are kept.
+/// Each thread hands out storage from slabs of its own, without locks. Any thread may give back what
+/// another has taken, also after that one has ended. Empty slabs go back to the global operator delete,
+/// but for a few that are kept. Raises std::bad_alloc.
+#if defined(QX_POOL)
+void* takeStorage(std::size_t size);
+void giveStorage(void* storage, std::size_t size) noexcept;
+#else
+inline void* takeStorage(std::size_t size) {
+    return ::operator new(size);
+}
+inline void giveStorage(void* storage, std::size_t /*size*/) noexcept {
+    ::operator delete(storage);
+}
+#endif
+
+/// A base for objects that are kept in such storage.
 class Pooled {
 public:
-#if defined(QX_POOL)
-    static void* operator new(std::size_t size); // NOLINT(misc-new-delete-overloads)
-    static void operator delete(void* object, std::size_t size) noexcept;
-#else
-    static void* operator new(std::size_t size) {
-        return ::operator new(size);
-    }
-    static void operator delete(void* object, std::size_t /*size*/) noexcept {
-        ::operator delete(object);
-    }
-#endif
+    // NOLINTNEXTLINE(misc-new-delete-overloads)
+    static void* operator new(std::size_t size) { return takeStorage(size); }
+    static void operator delete(void* object, std::size_t size) noexcept { giveStorage(object, size); }
 
 protected:
     Pooled() = default;

@@ -25,7 +25,7 @@ Table const* TableImplementation::cloneCells(TableImplementation& copy, std::siz
     if (width == 0) {
         return nullptr;
     }
-    std::vector<Index>& copies = copy.indices_;
+    BlockVector<Index>& copies = copy.indices_;
     copies.reserve(indices_.size());
     for (std::size_t i = copies.empty() ? 0 : copies.size() - 1; i < indices_.size(); ++i) {
         if (i == copies.size()) {

@@ -163,7 +163,7 @@ private:
     Cell& reach(std::size_t i, std::size_t j);
 
     Str name_;
-    std::vector<Index> indices_;
+    BlockVector<Index> indices_;
 };
 
 /// Makes a table body and the first handle to it.
