@@ -41,12 +41,13 @@ std::string_view skipSeparators(std::string_view path, char separator) {
 PathStep takeStep(std::string_view& path, char separator) {
     PathStep step;
     std::size_t const end = path.find(separator);
+    std::string_view const text = path.substr(0, end);
     step.last = end == std::string_view::npos;
-    step.text = path.substr(0, end);
+    step.text = text;
     path.remove_prefix(step.last ? path.size() : end + 1);
-    std::size_t const open = step.text.find('[');
+    std::size_t const open = text.find('[');
     if (open == std::string_view::npos) {
-        step.name = step.text;
+        step.name = text;
     } else {
         readBrackets(step, open);
     }

@@ -1,3 +1,4 @@
+#include "base/blocks.h"
 #include "base/strview.h"
 #include "cell/cellvalue.h"
 #include "qx/except.h"
@@ -8,11 +9,8 @@
 #include "table/src/tableimpl.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
-#include <memory_resource>
 #include <string_view>
-#include <vector>
 
 namespace QX {
 
@@ -97,7 +95,7 @@ public:
     /// The name of the last step taken.
     std::string_view name() const { return name_; }
     /// What the last step reached.
-    std::pmr::vector<Value> const& values() const { return values_; }
+    BlockVector<Value> const& values() const { return values_; }
     /// The first cell that it reached; null when there is none.
     Cell const* first() const { return values_.empty() ? nullptr : Access::cellOf(values_.front()); }
 
@@ -132,10 +130,8 @@ private:
     Place root_;
     Access access_;
     std::string_view name_;
-    alignas(std::max_align_t) std::array<std::byte, 256> room_; // enough for most walks
-    std::pmr::monotonic_buffer_resource memory_{room_.data(), room_.size()};
-    std::pmr::vector<Value> values_{&memory_};
-    std::pmr::vector<Value> reached_{&memory_}; // by the step before
+    BlockVector<Value> values_;
+    BlockVector<Value> reached_; // by the step before
 };
 
 /// The table that a walk starts from, which holds the addressed one.
@@ -171,11 +167,13 @@ Body tableBefore(Walk<Access>&& walk, Body const& root, Str const& path, char se
 /// The cell at a path, to be written; with `create`, what is missing on the way is made.
 Cell& placeAt(Body const& root, Str const& path, bool create, char separator) {
     Growth growth;
-    Body const table =
-        create ? tableBefore(Walk<Growing>(&root, Growing(growth)), root, path, separator, growth)
-               : tableBefore(Walk<Reading>(root.get()), root, path, separator, growth);
     std::string_view rest = viewOf(path);
-    rest.remove_prefix(rest.rfind(separator) + 1); // npos + 1 is 0: the whole path
+    std::size_t const behind = rest.rfind(separator) + 1; // npos + 1 is 0: the whole path
+    Body const table =
+        behind == 0 ? root // no walk for a path of one step, as most attributes have
+        : create    ? tableBefore(Walk<Growing>(&root, Growing(growth)), root, path, separator, growth)
+                    : tableBefore(Walk<Reading>(root.get()), root, path, separator, growth);
+    rest.remove_prefix(behind);
     PathStep const last = takeStep(rest, separator);
     std::size_t const item = last.item == Table::npos ? 1 : last.item;
     if (!table || !last.readable || (!create && item >= table->items())) {
