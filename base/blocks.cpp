@@ -1,9 +1,16 @@
 #include "base/blocks.h"
 
+#include "base/fastpaths.h"
 #include "base/immortal.h"
+#include "base/pages.h"
+#include "base/pool.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstring>
+#include <limits>
 #include <mutex>
+#include <new>
 #include <utility>
 
 namespace QX {
@@ -18,9 +25,26 @@ struct Block {
     void* memory() { return this + 1; }
     static Block* of(void* memory) { return static_cast<Block*>(memory) - 1; }
     static Block* make(std::size_t bytes) {
-        return new (::operator new(sizeof(Block) + bytes)) Block{bytes, nullptr};
+        void* const pages = takePages(whole(bytes));
+        readyPages(pages, whole(bytes));
+        return new (pages) Block{bytes, nullptr};
     }
-    static void destroy(Block* block) { ::operator delete(block); }
+    static Block* grow(Block* block, std::size_t bytes) {
+        std::size_t const former = block->bytes;
+        auto* const grown = static_cast<Block*>(growPages(block, whole(former), whole(bytes)));
+        grown->bytes = bytes;
+        readyPages(static_cast<std::byte*>(grown->memory()) + former, bytes - former);
+        return grown;
+    }
+    static void destroy(Block* block) { givePages(block, whole(block->bytes)); }
+
+private:
+    static std::size_t whole(std::size_t bytes) {
+        if (bytes > std::numeric_limits<std::size_t>::max() / 2) {
+            throw std::bad_alloc();
+        }
+        return sizeof(Block) + bytes;
+    }
 };
 
 /// The blocks of the program that are kept, the last one given back first.
@@ -39,9 +63,10 @@ public:
         return nullptr;
     }
 
-    void use(Block const& block) {
+    /// Takes note that so many bytes more are in use.
+    void use(std::size_t bytes) {
         std::lock_guard const lock(mutex_);
-        used_ += block.bytes;
+        used_ += bytes;
     }
 
     /// Keeps a block; returns those that are now too many, linked to each other.
@@ -52,7 +77,7 @@ public:
         ++count_;
         kept_ += block->bytes;
         Block* surplus = nullptr;
-        while (count_ > most || kept_ > used_) {
+        while (count_ > most || kept_ > std::max(used_, spare)) {
             Block** last = &first_;
             while ((*last)->next != nullptr) {
                 last = &(*last)->next;
@@ -66,6 +91,7 @@ public:
 
 private:
     static constexpr std::size_t most = 32;
+    static constexpr std::size_t spare = std::size_t{1} << 25U; // bytes that may be kept in any case
 
     void remove(Block** place) {
         kept_ -= (*place)->bytes;
@@ -87,24 +113,64 @@ Keep& keep() {
 
 static_assert(sizeof(Block) % alignof(std::max_align_t) == 0, "what follows must be aligned, too");
 
-} // namespace
-
 void* takeBlock(std::size_t bytes) {
-    if (Block* const kept = keep().take(bytes)) {
-        return kept->memory();
+    Block* block = keep().take(bytes);
+    if (block == nullptr) {
+        block = Block::make(bytes);
+        keep().use(bytes);
     }
-    if (bytes > std::numeric_limits<std::size_t>::max() - sizeof(Block)) {
-        throw std::bad_alloc();
-    }
-    Block* const block = Block::make(bytes);
-    keep().use(*block);
     return block->memory();
 }
 
-void giveBlock(void* block) noexcept {
-    Block* surplus = keep().give(Block::of(block));
+void giveBlock(void* memory) {
+    Block* surplus = keep().give(Block::of(memory));
     while (surplus != nullptr) {
         Block::destroy(std::exchange(surplus, surplus->next));
+    }
+}
+
+void* growBlock(void* memory, std::size_t bytes) {
+    Block* const former = Block::of(memory);
+    if (Block* const kept = keep().take(bytes)) {
+        std::memcpy(kept->memory(), memory, former->bytes);
+        giveBlock(memory);
+        return kept->memory();
+    }
+    std::size_t const more = bytes - former->bytes;
+    Block* const block = Block::grow(former, bytes);
+    keep().use(more);
+    return block->memory();
+}
+
+/// True for arrays that are blocks.
+bool isLarge(std::size_t bytes) {
+    constexpr std::size_t large = std::size_t{1} << 18U;
+    return keepMemory && bytes >= large;
+}
+
+} // namespace
+
+void* takeArray(std::size_t bytes) {
+    return isLarge(bytes) ? takeBlock(bytes) : takeStorage(bytes);
+}
+
+void* growArray(void* array, std::size_t bytes, std::size_t wanted) {
+    if (isLarge(bytes)) {
+        return growBlock(array, wanted);
+    }
+    void* const grown = takeArray(wanted);
+    if (bytes > 0) {
+        std::memcpy(grown, array, bytes);
+        giveArray(array, bytes);
+    }
+    return grown;
+}
+
+void giveArray(void* array, std::size_t bytes) noexcept {
+    if (isLarge(bytes)) {
+        giveBlock(array);
+    } else {
+        giveStorage(array, bytes);
     }
 }
 

@@ -1,8 +1,5 @@
 #pragma once
 
-#include "base/fastpaths.h"
-#include "base/pool.h"
-
 #include <cstddef>
 #include <limits>
 #include <new>
@@ -10,13 +7,16 @@
 
 namespace QX {
 
-/// Large blocks of memory, of which some that were given back are kept: the system clears fresh memory
-/// page by page, which takes longer than most of what is done with a result. What is kept is never more
-/// than what is in use. Raises std::bad_alloc; any thread may give back what another took.
-void* takeBlock(std::size_t bytes);
-void giveBlock(void* block) noexcept;
+/// Storage for arrays: small ones lie among the small objects. Of large ones that were given back some are
+/// kept, since the system clears fresh memory page by page, which takes longer than most of what is done
+/// with a result; what is kept is never more than what is in use, or than 32 MiB. Raises std::bad_alloc; any thread may
+/// give back what another took.
+void* takeArray(std::size_t bytes);
+/// Gives an array other storage, larger than its own, and moves its bytes there.
+void* growArray(void* array, std::size_t bytes, std::size_t wanted);
+void giveArray(void* array, std::size_t bytes) noexcept;
 
-/// Allocates arrays, the large ones as such blocks and the small ones in the storage of small objects.
+/// Allocates arrays in such storage.
 template <typename T>
 class BlockAllocator {
 public:
@@ -30,27 +30,13 @@ public:
         if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) {
             throw std::bad_array_new_length();
         }
-        std::size_t const bytes = count * sizeof(T);
-        return static_cast<T*>(isLarge(bytes) ? takeBlock(bytes) : takeStorage(bytes));
+        return static_cast<T*>(takeArray(count * sizeof(T)));
     }
-    void deallocate(T* array, std::size_t count) noexcept {
-        std::size_t const bytes = count * sizeof(T);
-        if (isLarge(bytes)) {
-            giveBlock(array);
-        } else {
-            giveStorage(array, bytes);
-        }
-    }
+    void deallocate(T* array, std::size_t count) noexcept { giveArray(array, count * sizeof(T)); }
 
     template <typename U>
     bool operator==(BlockAllocator<U> const& /*other*/) const {
         return true;
-    }
-
-private:
-    static bool isLarge(std::size_t bytes) {
-        constexpr std::size_t large = std::size_t{1} << 18U;
-        return keepMemory && bytes >= large;
     }
 };
 

@@ -8,7 +8,7 @@
 namespace QX {
 
 SharedText* SharedText::make(std::string_view text) {
-    return new (Pooled::operator new(sizeof(SharedText) + text.size())) SharedText(text);
+    return new (takeStorage(sizeof(SharedText) + text.size())) SharedText(text);
 }
 
 SharedText::SharedText(std::string_view text)
@@ -21,7 +21,7 @@ void SharedText::remove(PtrRefCount* block, void* /*object: a part of the block*
     auto* const text = static_cast<SharedText*>(block);
     std::size_t const size = sizeof(SharedText) + text->size_;
     text->~SharedText();
-    Pooled::operator delete(text, size);
+    giveStorage(text, size);
 }
 
 } // namespace QX

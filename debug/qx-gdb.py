@@ -59,7 +59,8 @@ def indices_of(body):
     """The indices of a table body, each the address of its first item and the number of items."""
     start, count = extent(body["indices_"])
     for number in range(count):
-        yield extent((start + number).dereference())
+        index = (start + number).dereference()
+        yield index["cells_"], int(index["size_"])
 
 
 def summary(body):

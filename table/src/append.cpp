@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,10 +44,10 @@ Status TableImplementation::append(TableImplementation const& operand, Ptr<Table
         Index& index = appended.indices_[target];
         index.reserve(base + width - 1);
         copyRows(target, base, index);
-        index.erase(index.begin() + static_cast<std::ptrdiff_t>(base), index.end());
+        index.resize(base);
         Index const& source = operand.indices_[k];
         if (source.size() > 1) {
-            index.insert(index.end(), source.begin() + 1, source.end());
+            index.append(std::span(source).subspan(1));
         }
         index.resize(base + width - 1);
     }
@@ -61,8 +62,7 @@ Status TableImplementation::append(TableImplementation const& operand, Ptr<Table
 
 void TableImplementation::copyRows(std::size_t i, std::size_t height, Index& copy) const {
     if (i < indices() && copy.size() < indices_[i].size()) {
-        Index const& index = indices_[i];
-        copy.insert(copy.end(), index.begin() + static_cast<std::ptrdiff_t>(copy.size()), index.end());
+        copy.append(std::span(indices_[i]).subspan(copy.size()));
     }
     copy.resize(std::max(copy.size(), height));
 }

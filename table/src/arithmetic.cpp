@@ -1,3 +1,4 @@
+#include "base/strview.h"
 #include "cell/cellnumeric.h"
 #include "cell/cellvalue.h"
 #include "table/src/descent.h"
@@ -12,19 +13,21 @@ namespace QX {
 
 namespace {
 
-constexpr char const* marker = "%D";
+constexpr std::string_view marker = "%D";
 
 /// True for a template cell that marks a position to compute with.
 bool isMarker(Cell const& cell) {
     if (cell.isA() == Cell::StringCell) {
-        return textOf(cell) == marker;
+        std::string_view const text = textOf(cell);
+        return text.size() == marker.size() &&
+               text.starts_with(marker); // no call, its size being constant
     }
     if (cell.isA() != Cell::ErrorCell) {
         return false;
     }
     Str text;
     cell.get(text, 0); // an error cell of an Ok status shows its text unmarked
-    return text == marker;
+    return viewOf(text) == marker;
 }
 
 /// Combines cells by one operator.
@@ -254,8 +257,7 @@ Status TableImplementation::operation(TableImplementation const& right, Str cons
     Combination root = Combination::begin(*this, right, templ, compute);
     result = root.computed;
     descend(
-        std::move(root),
-        [&](Descent<Combination>& descent) { return descent.back().advance(compute); },
+        std::move(root), [&](Descent<Combination>& descent) { return descent.back().advance(compute); },
         [](Descent<Combination>& descent, Combination const& done) {
             descent.back().put(Cell(done.computed));
         });
@@ -267,7 +269,7 @@ Status TableImplementation::makeTemplate(TableImplementation const& other, Ptr<T
     if (!status.ok()) {
         return status;
     }
-    Cell const mark{Str(marker)};
+    Cell const mark(toStr(marker));
     Sampling root{this, &other};
     result = root.templ;
     descend(

@@ -5,15 +5,11 @@
 
 #include <cstddef>
 #include <span>
-#include <vector>
 
 namespace QX {
 
 /// Row numbers of a table, in an order that matters and perhaps repeated.
 using Rows = BlockVector<std::size_t>;
-
-/// The cells of one index.
-using Cells = BlockVector<Cell>;
 
 /// One index seen as a column of a table: as many items as the table's longest index, those it lacks
 /// empty.

@@ -17,7 +17,7 @@ Status TableImplementation::merge(TableImplementation const& operand, Ptr<Table>
         std::size_t const match = byName ? lookup.find(operand.get(k, 0)) : npos;
         std::size_t const target = match == npos ? merged.indices() : match;
         Cell const former = merged.get(target, 0);
-        merged.reach(target, width - 1);
+        merged.at(target, width - 1);
         Index& index = merged.indices_[target];
         Index const& source = operand.indices_[k];
         std::copy(source.begin(), source.end(), index.begin());
@@ -39,7 +39,8 @@ Status TableImplementation::fill(TableImplementation const& operand, Ptr<Table>&
     TableImplementation filled(name_);
     filled.indices_.reserve(operand.indices());
     for (std::size_t k = 0; k < operand.indices(); ++k) {
-        Index& index = filled.indices_.emplace_back(static_cast<std::size_t>(length), operand.get(k, 1));
+        Index& index = filled.indices_.emplace_back(static_cast<std::size_t>(length));
+        std::fill(index.begin(), index.end(), operand.get(k, 1));
         index.front() = operand.get(k, 0);
     }
     return merge(filled, result, true);

@@ -30,16 +30,6 @@ Cell const& TableImplementation::get(Str const& name, std::size_t j) const {
     return get(findIndex(Name(viewOf(name))), j);
 }
 
-Cell& TableImplementation::at(std::size_t i, std::size_t j) {
-    if (i == npos) {
-        i = indices_.size();
-    }
-    if (j == npos) {
-        j = i < indices_.size() ? indices_[i].size() : 0;
-    }
-    return reach(i, j);
-}
-
 Cell& TableImplementation::at(Str const& name, std::size_t j) {
     return at(Name(viewOf(name)), j);
 }
@@ -55,7 +45,7 @@ Cell& TableImplementation::at(Name const& name, std::size_t j) {
 
 Cell& TableImplementation::at(std::size_t i, std::size_t j, Cell const& cell) {
     Cell const kept(cell); // growing may move the cell if it lives in this table
-    Cell& place = reach(i, j);
+    Cell& place = at(i, j);
     place = kept;
     return place;
 }
@@ -89,14 +79,10 @@ std::size_t TableImplementation::addIndex(Str const& name) {
     return indices_.size() - 1;
 }
 
-Cell& TableImplementation::reach(std::size_t i, std::size_t j) {
-    if (i >= indices_.size()) {
-        Index added(j + 1); // made first, so that nothing has grown if there is no memory for it
-        indices_.resize(i + 1);
-        indices_[i] = std::move(added);
-    } else if (j >= indices_[i].size()) {
-        indices_[i].resize(j + 1);
-    }
+Cell& TableImplementation::addUpTo(std::size_t i, std::size_t j) {
+    Index added(j + 1); // made first, so that nothing has grown if there is no memory for it
+    indices_.resize(i + 1);
+    indices_[i] = std::move(added);
     return indices_[i][j];
 }
 

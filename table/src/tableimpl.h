@@ -3,6 +3,7 @@
 #include "base/makeptr.h"
 #include "qx/cell.h"
 #include "qx/table.h"
+#include "table/src/cells.h"
 #include "table/src/column.h"
 
 #include <cstddef>
@@ -46,7 +47,19 @@ public:
         return i < indices_.size() && j < indices_[i].size() ? indices_[i][j] : sharedEmptyCell();
     }
     Cell const& get(Str const& name, std::size_t j) const;
-    Cell& at(std::size_t i, std::size_t j);
+    Cell& at(std::size_t i, std::size_t j) {
+        if (i >= indices_.size()) {
+            return addUpTo(i == npos ? indices_.size() : i, j == npos ? 0 : j);
+        }
+        Index& index = indices_[i];
+        if (j == npos) {
+            j = index.size();
+        }
+        if (j >= index.size()) {
+            index.resize(j + 1);
+        }
+        return index[j];
+    }
     Cell& at(Str const& name, std::size_t j);
     Cell& at(Name const& name, std::size_t j);
     /// Stores at a position other than npos.
@@ -158,9 +171,9 @@ private:
     Status filterStep(TableImplementation const& conditions, std::size_t k, Ptr<Table>& result,
                       bool keepEmpty, bool exclude) const;
 
-    /// The cell at a position other than npos; grows the table to it or, if that fails, leaves it as it
-    /// was.
-    Cell& reach(std::size_t i, std::size_t j);
+    /// Adds indices up to index i, which gets items up to item j; returns that one. Adds nothing if it
+    /// fails.
+    Cell& addUpTo(std::size_t i, std::size_t j);
 
     Str name_;
     BlockVector<Index> indices_;

@@ -1,0 +1,78 @@
+#include "base/pages.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+
+#if defined(__linux__)
+#include <sys/mman.h>
+#include <unistd.h>
+#endif
+
+namespace QX {
+
+#if defined(__linux__)
+
+namespace {
+
+void* checked(void* memory) {
+    if (memory == MAP_FAILED) {
+        throw std::bad_alloc();
+    }
+    return memory;
+}
+
+} // namespace
+
+void* takePages(std::size_t bytes) {
+    return checked(mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+}
+
+void* growPages(void* memory, std::size_t bytes, std::size_t wanted) {
+    return checked(mremap(memory, bytes, wanted, MREMAP_MAYMOVE));
+}
+
+void givePages(void* memory, std::size_t bytes) noexcept {
+    munmap(memory, bytes);
+}
+
+void readyPages(void* memory, std::size_t bytes) noexcept {
+    static auto const page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+    auto const address = reinterpret_cast<std::uintptr_t>(memory);
+    std::uintptr_t const before = address % page;
+    constexpr int populateForWriting =
+        23; // MADV_POPULATE_WRITE; older systems refuse it, and do without
+    madvise(static_cast<std::byte*>(memory) - before, bytes + before, populateForWriting);
+}
+
+#else
+
+namespace {
+
+void* checked(void* memory) {
+    if (memory == nullptr) {
+        throw std::bad_alloc();
+    }
+    return memory;
+}
+
+} // namespace
+
+void* takePages(std::size_t bytes) {
+    return checked(std::malloc(bytes));
+}
+
+void* growPages(void* memory, std::size_t /*bytes*/, std::size_t wanted) {
+    return checked(std::realloc(memory, wanted));
+}
+
+void givePages(void* memory, std::size_t /*bytes*/) noexcept {
+    std::free(memory);
+}
+
+void readyPages(void* /*memory*/, std::size_t /*bytes*/) noexcept {
+}
+
+#endif
+
+} // namespace QX

@@ -1,0 +1,42 @@
+#include "table/src/cells.h"
+
+#include "base/blocks.h"
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+
+namespace QX {
+
+Cells::~Cells() {
+    cut(0);
+    giveArray(cells_, capacity_ * sizeof(Cell));
+}
+
+void Cells::cut(std::size_t size) {
+    while (size_ > size) {
+        --size_;
+        cells_[size_].Cell::~Cell(); // of no derived class, so that no virtual call is needed
+    }
+}
+
+void Cells::append(std::span<Cell const> cells) {
+    reserve(size_ + cells.size());
+    std::uninitialized_copy(cells.begin(), cells.end(), end());
+    size_ += cells.size();
+}
+
+void Cells::grow(std::size_t least) {
+    constexpr std::size_t most = std::numeric_limits<std::size_t>::max() / sizeof(Cell);
+    if (least > most) {
+        throw std::length_error("Too many items in an index");
+    }
+    constexpr std::size_t many = 10'000; // are moved by their pages, and so need less room in advance
+    std::size_t const more = capacity_ < many ? capacity_ : capacity_ / 2;
+    std::size_t const capacity = std::max(least, std::min(capacity_ + more, most));
+    cells_ = static_cast<Cell*>(growArray(cells_, capacity_ * sizeof(Cell), capacity * sizeof(Cell)));
+    capacity_ = capacity;
+}
+
+} // namespace QX
