@@ -2,9 +2,9 @@
 
 #include "base/hash.h"
 #include "cell/cellvalue.h"
+#include "cell/texthash.h"
 
 #include <bit>
-#include <functional>
 
 namespace QX {
 
@@ -15,10 +15,6 @@ enum class Match : std::uint64_t { Empty, Text, Number, DateOfText, DateOfNumber
 
 std::uint64_t key(Match match, std::uint64_t value) {
     return spread(value + (static_cast<std::uint64_t>(match) << 56U));
-}
-
-std::uint64_t key(Match match, std::string_view text) {
-    return key(match, std::hash<std::string_view>()(text));
 }
 
 std::uint64_t dayKey(Match match, Cell const& cell) {
@@ -41,25 +37,24 @@ void addNumber(CellKeys& keys, double number) {
 
 CellKeys keysOf(Cell const& filed, DateKeys dates) {
     CellKeys keys;
-    CellValue const value = valueOf(filed);
-    switch (value.kind) {
+    switch (filed.isA()) {
     case Cell::EmptyCell:
         keys.add(key(Match::Empty, 0));
         break;
     case Cell::StringCell:
-        keys.add(key(Match::Text, value.text));
+        keys.add(key(Match::Text, textHash(filed)));
         if (dates.ofTexts && isDate(filed)) {
             keys.add(dayKey(Match::DateOfText, filed));
         }
         break;
     case Cell::NumericCell:
-        keys.add(key(Match::Number, std::bit_cast<std::uint64_t>(value.number.get())));
+        keys.add(key(Match::Number, std::bit_cast<std::uint64_t>(numberOf(filed).get())));
         if (dates.ofNumbers) {
             keys.add(dayKey(Match::DateOfNumber, filed));
         }
         break;
     case Cell::TableCell:
-        keys.add(key(Match::Table, reinterpret_cast<std::uintptr_t>(value.table)));
+        keys.add(key(Match::Table, reinterpret_cast<std::uintptr_t>(nestedIn(filed))));
         break;
     case Cell::ErrorCell:
         keys.add(key(Match::Error, 0));
@@ -70,30 +65,28 @@ CellKeys keysOf(Cell const& filed, DateKeys dates) {
 
 CellKeys keysFor(Cell const& sought) {
     CellKeys keys;
-    CellValue const value = valueOf(sought);
     if (sought.empty()) {
         keys.add(key(Match::Empty, 0)); // an empty cell equals whatever is empty
     }
-    switch (value.kind) {
+    switch (sought.isA()) {
     case Cell::EmptyCell:
         break;
     case Cell::StringCell:
-        keys.add(key(Match::Text, value.text));
+        keys.add(key(Match::Text, textHash(sought)));
         if (isDate(sought)) {
             keys.add(dayKey(Match::DateOfNumber, sought));
         }
         break;
     case Cell::NumericCell:
-        addNumber(keys, value.number.get());
+        addNumber(keys, numberOf(sought).get());
         keys.add(dayKey(Match::DateOfText, sought));
         break;
     case Cell::TableCell:
-        keys.add(key(Match::Table, reinterpret_cast<std::uintptr_t>(value.table)));
+        keys.add(key(Match::Table, reinterpret_cast<std::uintptr_t>(nestedIn(sought))));
         break;
     case Cell::ErrorCell:
         keys.add(key(Match::Error, 0));
-        keys.add(
-            key(Match::Text, std::string_view())); // a string cell without characters equals any error
+        keys.add(key(Match::Text, textHash(""))); // a string cell without characters equals any error
         break;
     }
     return keys;

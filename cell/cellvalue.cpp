@@ -20,26 +20,6 @@ Ptr<Table> const& handleOf(Cell const& cell) {
     return bodyOf<CellTable>(cell).table();
 }
 
-CellValue valueOf(Cell const& cell) {
-    CellValue value;
-    value.kind = cell.isA();
-    switch (value.kind) {
-    case Cell::EmptyCell:
-    case Cell::ErrorCell:
-        break;
-    case Cell::StringCell:
-        value.text = textOf(cell);
-        break;
-    case Cell::NumericCell:
-        value.number = numberOf(cell);
-        break;
-    case Cell::TableCell:
-        value.table = handleOf(cell).get();
-        break;
-    }
-    return value;
-}
-
 std::uint32_t ownersOf(Cell const& cell) {
     return std::max(CellImplementation::contentOf(cell).owners(), bodyOf<CellTable>(cell).owners());
 }

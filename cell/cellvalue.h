@@ -8,15 +8,6 @@
 
 namespace QX {
 
-/// A look at what a cell holds without copying it: the fields that belong to its kind, the others as
-/// made. Valid as long as the cell.
-struct CellValue {
-    Cell::CellType kind = Cell::EmptyCell;
-    std::string_view text;        ///< of a string cell
-    AnalyticDouble number;        ///< of a numeric cell
-    Table const* table = nullptr; ///< of a table cell
-};
-
 /// The number of a numeric cell.
 inline AnalyticDouble numberOf(Cell const& cell) {
     Detail::CellContent const& content = CellImplementation::contentOf(cell);
@@ -45,9 +36,6 @@ inline Ptr<Table> const* handleIn(Cell const& cell) {
 inline Table const* nestedIn(Cell const& cell) {
     return cell.isA() == Cell::TableCell ? handleOf(cell).get() : nullptr;
 }
-
-/// Looks at `cell`.
-CellValue valueOf(Cell const& cell);
 
 /// The most handles that share the body of a table cell or its table.
 std::uint32_t ownersOf(Cell const& cell);

@@ -1,16 +1,25 @@
 #include "cell/displaytext.h"
+#include "cell/texthash.h"
 #include "table/src/namelookup.h"
 #include "table/src/rowset.h"
 #include "table/src/tableimpl.h"
 
 #include <algorithm>
-#include <functional>
 #include <span>
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace QX {
+
+namespace {
+
+/// True for cells that hold the same, and so display the same.
+bool sameCells(Cell const& left, Cell const& right) {
+    return CellImplementation::contentOf(left).isSame(CellImplementation::contentOf(right)) ||
+           (left.isA() == Cell::StringCell && right.isA() == Cell::StringCell &&
+            textOf(left) == textOf(right));
+}
+
+} // namespace
 
 Status TableImplementation::append(TableImplementation const& operand, Ptr<Table>& result,
                                    bool addIndices, bool distinct) const {
@@ -67,27 +76,38 @@ void TableImplementation::copyRows(std::size_t i, std::size_t height, Index& cop
     copy.resize(std::max(copy.size(), height));
 }
 
-Rows TableImplementation::distinctTexts() const {
-    std::size_t const height = items();
-    std::string keys; // those of all rows kept, one behind the other
-    std::vector<std::size_t> begins(height);
-    std::vector<std::size_t> ends(height);
-    auto const key = [&](std::size_t row) {
-        return std::string_view(keys).substr(begins[row], ends[row] - begins[row]);
-    };
-    RowSet kept(height);
-    Rows rows;
-    for (std::size_t j = 0; j < height; ++j) {
-        begins[j] = keys.size();
-        for (std::size_t i = 0; i < indices(); ++i) {
-            keys += ':';
-            appendDisplayText(keys, get(i, j));
+void TableImplementation::displayRow(std::size_t j, std::string& text) const {
+    text.clear();
+    for (std::size_t i = 0; i < indices(); ++i) {
+        text += ':';
+        appendDisplayText(text, get(i, j));
+    }
+}
+
+bool TableImplementation::sameRows(std::size_t j, std::size_t k) const {
+    for (std::size_t i = 0; i < indices(); ++i) {
+        if (!sameCells(get(i, j), get(i, k))) {
+            return false;
         }
-        ends[j] = keys.size();
-        std::size_t const hash = std::hash<std::string_view>()(key(j));
-        if (!kept.insert(j, hash, [&](std::size_t earlier) { return key(earlier) == key(j); })) {
-            keys.resize(begins[j]);
-        } else if (j > 0) {
+    }
+    return true;
+}
+
+Rows TableImplementation::distinctTexts() const {
+    RowSet kept(items());
+    Rows rows;
+    std::string text;
+    std::string earlierText;
+    for (std::size_t j = 0; j < items(); ++j) {
+        displayRow(j, text);
+        auto const equal = [&](std::size_t earlier) {
+            if (sameRows(earlier, j)) {
+                return true;
+            }
+            displayRow(earlier, earlierText);
+            return earlierText == text;
+        };
+        if (kept.insert(j, textHash(text), equal) && j > 0) {
             rows.push_back(j);
         }
     }

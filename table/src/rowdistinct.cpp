@@ -5,13 +5,12 @@
 #include "cell/cellequal.h"
 #include "cell/cellvalue.h"
 #include "cell/numbergrid.h"
+#include "cell/texthash.h"
 #include "table/src/keyedplaces.h"
 #include "table/src/rowset.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <functional>
-#include <string_view>
 #include <vector>
 
 namespace QX {
@@ -25,15 +24,16 @@ class ColumnHashes {
 public:
     explicit ColumnHashes(Column const& column) : column_(column), hashes_(column.items()) {
         for (std::size_t j = 0; j < column.items(); ++j) {
-            CellValue const value = valueOf(column[j]);
-            if (value.kind == Cell::StringCell && !value.text.empty()) {
-                hashes_[j] = std::hash<std::string_view>()(value.text);
-            } else if (value.kind == Cell::TableCell) {
-                hashes_[j] = reinterpret_cast<std::uintptr_t>(value.table);
-            } else if (value.kind == Cell::NumericCell) {
-                numbers_.push_back({gridWord(value.number.get()), j});
-                valid_ = valid_ && value.number.isValid();
-                apart_ = apart_ && value.number.isValid() && standsApart(value.number.get());
+            Cell const& cell = column[j];
+            if (cell.isA() == Cell::StringCell && !textOf(cell).empty()) {
+                hashes_[j] = textHash(cell);
+            } else if (cell.isA() == Cell::TableCell) {
+                hashes_[j] = reinterpret_cast<std::uintptr_t>(nestedIn(cell));
+            } else if (cell.isA() == Cell::NumericCell) {
+                AnalyticDouble const number = numberOf(cell);
+                numbers_.push_back({gridWord(number.get()), j});
+                valid_ = valid_ && number.isValid();
+                apart_ = apart_ && number.isValid() && standsApart(number.get());
             } // empty cells, texts without characters and errors, which equal one another, keep hash 0
         }
         usable_ = numbers_.empty() || !hasDates(); // a date equals every number of its day

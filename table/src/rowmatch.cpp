@@ -5,16 +5,27 @@
 #include "cell/cellequal.h"
 #include "cell/cellkeys.h"
 #include "cell/cellvalue.h"
+#include "cell/numbertext.h"
+#include "cell/texthash.h"
 
 #include <bit>
-#include <cstdint>
-#include <limits>
+#include <cmath>
 #include <numeric>
 #include <utility>
 
 namespace QX {
 
 namespace {
+
+Str textOfNumber(AnalyticDouble const& number) {
+    Str text;
+    Cell(number).get(text, 0);
+    return text;
+}
+
+std::uint64_t numberKey(double number) {
+    return spread(std::bit_cast<std::uint64_t>(number));
+}
 
 /// The values of a condition by their keys.
 class SoughtValues {
@@ -26,38 +37,25 @@ public:
             dates_.ofTexts = dates_.ofTexts || values[c].isA() == Cell::NumericCell;
             dates_.ofNumbers = dates_.ofNumbers || isDate(values[c]);
             for (std::uint64_t const key : keysFor(values[c])) {
-                entries_.push_back({key, c, none});
+                values_.add(key, c);
             }
         }
-        heads_.assign(std::bit_ceil(2 * entries_.size() + 1), none);
-        for (std::size_t k = 0; k < entries_.size(); ++k) {
-            entries_[k].next = std::exchange(heads_[entries_[k].key & (heads_.size() - 1)], k);
-        }
+        values_.close();
     }
 
     /// Calls `like` with each value that a cell may equal, perhaps more than once.
     template <typename Like>
     void forEachLike(Cell const& cell, Like const& like) const {
         for (std::uint64_t const key : keysOf(cell, dates_)) {
-            for (std::size_t k = heads_[key & (heads_.size() - 1)]; k != none; k = entries_[k].next) {
-                if (entries_[k].key == key) {
-                    like(entries_[k].value);
-                }
-            }
+            values_.find(key, [&](std::size_t c) {
+                like(c);
+                return false; // go on
+            });
         }
     }
 
 private:
-    static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
-
-    struct Entry {
-        std::uint64_t key;
-        std::size_t value;
-        std::size_t next; // among those whose keys have the same low bits
-    };
-
-    std::vector<Entry> entries_;
-    std::vector<std::size_t> heads_;
+    KeyTable values_;
     DateKeys dates_;
 };
 
@@ -114,22 +112,34 @@ ExcludedTexts::ExcludedTexts(TableImplementation const& conditions, std::size_t 
     Column const values = conditions.column(k);
     for (std::size_t c = 1; c < values.items(); ++c) {
         Str text;
-        texts_.emplace(readText(values[c], text));
+        values[c].get(text, 0); // stays empty where the value has no text
+        AnalyticDouble const number = readNumber(viewOf(text));
+        if (number.isValid() && textOfNumber(number) == text) {
+            numbers_.add(numberKey(number.get()), 0);
+        }
+        texts_.add(textHash(viewOf(text)), kept_.size());
+        kept_.push_back(std::move(text));
     }
+    numbers_.close();
+    texts_.close();
 }
 
 bool ExcludedTexts::passes(Cell const& cell) const {
-    Str kept;
-    std::string_view const text = readText(cell, kept);
-    return (keepEmpty_ || !text.empty()) && !texts_.contains(text);
+    if (cell.isA() == Cell::StringCell) {
+        return passes(textOf(cell), textHash(cell));
+    }
+    if (fastPaths && cell.isA() == Cell::NumericCell && std::isfinite(numberOf(cell).get())) {
+        // Numbers have one text each, from which they can be read back.
+        return !numbers_.find(numberKey(numberOf(cell).get()), [](std::size_t) { return true; });
+    }
+    Str text;
+    cell.get(text, 0);
+    return passes(viewOf(text), textHash(viewOf(text)));
 }
 
-std::string_view ExcludedTexts::readText(Cell const& cell, Str& text) {
-    if (cell.isA() == Cell::StringCell) {
-        return textOf(cell);
-    }
-    cell.get(text, 0);
-    return viewOf(text);
+bool ExcludedTexts::passes(std::string_view text, std::uint64_t hash) const {
+    return (keepEmpty_ || !text.empty()) &&
+           !texts_.find(hash, [&](std::size_t k) { return viewOf(kept_[k]) == text; });
 }
 
 } // namespace QX

@@ -2,13 +2,12 @@
 
 #include "qxbase/str.h"
 #include "table/src/column.h"
+#include "table/src/keytable.h"
 #include "table/src/tableimpl.h"
 
 #include <cstddef>
-#include <functional>
-#include <string>
+#include <cstdint>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace QX {
@@ -37,17 +36,11 @@ public:
     bool passes(Cell const& cell) const;
 
 private:
-    struct TextHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const {
-            return std::hash<std::string_view>()(text);
-        }
-    };
+    bool passes(std::string_view text, std::uint64_t hash) const;
 
-    /// The text of a cell, empty where it has none; `text` keeps it if the cell does not.
-    static std::string_view readText(Cell const& cell, Str& text);
-
-    std::unordered_set<std::string, TextHash, std::equal_to<>> texts_;
+    std::vector<Str> kept_;
+    KeyTable texts_;   // their places by their hashes
+    KeyTable numbers_; // the finite ones among them, by their bits
     bool keepEmpty_;
 };
 

@@ -12,31 +12,32 @@ namespace QX {
 /// count.
 class RowSet {
 public:
-    explicit RowSet(std::size_t rows)
-        : heads_(std::bit_ceil(rows + 1), none), next_(rows), hashes_(rows) {}
+    explicit RowSet(std::size_t rows) : slots_(std::bit_ceil(2 * rows + 1), Slot{0, none}) {}
 
     /// Adds a row unless `equal(earlier)` holds of a row in the set; true when it was added. Rows that
     /// are equal must have one hash.
     template <typename Equal>
     bool insert(std::size_t row, std::uint64_t hash, Equal const& equal) {
-        std::size_t& head = heads_[hash & (heads_.size() - 1)];
-        for (std::size_t earlier = head; earlier != none; earlier = next_[earlier]) {
-            if (hashes_[earlier] == hash && equal(earlier)) {
+        std::size_t const mask = slots_.size() - 1;
+        std::size_t k = hash & mask;
+        for (; slots_[k].row != none; k = (k + 1) & mask) {
+            if (slots_[k].hash == hash && equal(slots_[k].row)) {
                 return false;
             }
         }
-        hashes_[row] = hash;
-        next_[row] = head;
-        head = row;
+        slots_[k] = {hash, row};
         return true;
     }
 
 private:
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
 
-    BlockVector<std::size_t> heads_; // of the chains, by the low bits of the hash
-    BlockVector<std::size_t> next_;
-    BlockVector<std::uint64_t> hashes_;
+    struct Slot {
+        std::uint64_t hash;
+        std::size_t row; // none: this slot is free
+    };
+
+    BlockVector<Slot> slots_; // a row stands in the first free one from that of its hash's low bits on
 };
 
 } // namespace QX

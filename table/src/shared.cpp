@@ -67,7 +67,7 @@ TableImplementation const& TableImplementation::none() {
 }
 
 bool TableImplementation::isShared(Cell const& cell) {
-    return ownersOf(cell) > 1 || valueOf(cell).table->data_.useCount() > 1;
+    return ownersOf(cell) > 1 || nestedIn(cell)->data_.useCount() > 1;
 }
 
 TableImplementation const& TableImplementation::required(Ptr<Table const> const& operand,
