@@ -32,11 +32,12 @@ bool isErrorText(Str const& text) {
 
 static_assert(std::endian::native == std::endian::little, "a short text follows the tag's lowest byte");
 
-/// The first share of a new body.
-template <typename Body, typename... Args>
-CellContent share(Cell::CellType kind, Args&&... args) {
-    Counted<Body>* const counted = makeCounted<Body>(std::forward<Args>(args)...);
-    return CellContent(&counted->object, counted, kind);
+CellContent contentOf(Counted<CellTable>* body) {
+    return CellContent(body->object.table().get(), body);
+}
+
+CellContent contentOf(Counted<CellError>* body) {
+    return CellContent(&body->object, body);
 }
 
 /// A string cell's content, whatever the text reads as.
@@ -44,7 +45,7 @@ CellContent contentOf(std::string_view text) {
     if (text.size() <= CellContent::longestInPlace) {
         return CellContent(text.data(), text.size());
     }
-    return CellContent(nullptr, SharedText::make(text), Cell::StringCell);
+    return CellContent(SharedText::make(text));
 }
 
 /// The content that a text reads as.
@@ -58,7 +59,7 @@ CellContent contentOf(Str const& text) {
         return CellContent(number.get(), true);
     }
     if (view.starts_with('#') && isErrorText(text)) {
-        return share<CellError>(Cell::ErrorCell, Status(text, Status::Error, -1));
+        return contentOf(makeCounted<CellError>(Status(text, Status::Error, -1)));
     }
     if (view == emptyText) {
         return CellContent();
@@ -85,20 +86,23 @@ Cell::Cell(Ptr<CellImplementation> const& body) {
         content_ = CellContent(static_cast<CellNumeric const&>(*body).value());
         break;
     case TableCell:
+        body.block()->increment();
+        content_ = contentOf(static_cast<Counted<CellTable>*>(body.block()));
+        break;
     case ErrorCell:
         body.block()->increment();
-        content_ = CellContent(body.get(), body.block(), body->isA());
+        content_ = contentOf(static_cast<Counted<CellError>*>(body.block()));
         break;
     }
 }
 
-Cell::Cell(Status const& status) : content_(share<CellError>(ErrorCell, status)) {
+Cell::Cell(Status const& status) : content_(contentOf(makeCounted<CellError>(status))) {
 }
 
-Cell::Cell(Ptr<Table> const& table) : content_(share<CellTable>(TableCell, table)) {
+Cell::Cell(Ptr<Table> const& table) : content_(contentOf(makeCounted<CellTable>(table))) {
 }
 
-Cell::Cell(Ptr<Table const> const& table) : content_(share<CellTable>(TableCell, table)) {
+Cell::Cell(Ptr<Table const> const& table) : content_(contentOf(makeCounted<CellTable>(table))) {
 }
 
 bool Cell::empty() const {

@@ -3,24 +3,28 @@
 #include "cell/cellempty.h"
 #include "cell/cellnumeric.h"
 #include "cell/cellstring.h"
+#include "cell/celltable.h"
 #include "cell/cellvalue.h"
 
 namespace QX {
 
-/// Calls `call` with the body of `cell`. For a number or a text it is of its own class, so that what is
-/// asked of them takes no virtual call.
+/// Calls `call` with the body of `cell`, for most kinds by its own class, so that what is asked of it takes
+/// no virtual call.
 template <typename Call>
 decltype(auto) onBody(Cell const& cell, Call const& call) {
-    if (cell.isA() == Cell::NumericCell) {
-        return call(CellNumeric(numberOf(cell)));
-    }
-    if (cell.isA() == Cell::StringCell) {
-        return call(CellString(textOf(cell)));
-    }
-    if (cell.isA() == Cell::EmptyCell) {
+    switch (cell.isA()) {
+    case Cell::EmptyCell:
         return call(CellEmpty::shared());
+    case Cell::StringCell:
+        return call(CellString(textOf(cell)));
+    case Cell::NumericCell:
+        return call(CellNumeric(numberOf(cell)));
+    case Cell::TableCell:
+        return call(tableBody(cell));
+    case Cell::ErrorCell:
+        break;
     }
-    return call(*CellImplementation::contentOf(cell).body());
+    return call(*CellImplementation::contentOf(cell).error());
 }
 
 } // namespace QX

@@ -1,5 +1,6 @@
 #include "cell/cellvalue.h"
 
+#include "base/makeptr.h"
 #include "cell/cellstring.h"
 #include "cell/celltable.h"
 
@@ -7,21 +8,16 @@
 
 namespace QX {
 
-namespace {
-
-template <typename Body>
-Body const& bodyOf(Cell const& cell) {
-    return static_cast<Body const&>(*CellImplementation::contentOf(cell).body());
+CellTable const& tableBody(Cell const& cell) {
+    return static_cast<Counted<CellTable>*>(CellImplementation::contentOf(cell).block())->object;
 }
 
-} // namespace
-
 Ptr<Table> const& handleOf(Cell const& cell) {
-    return bodyOf<CellTable>(cell).table();
+    return tableBody(cell).table();
 }
 
 std::uint32_t ownersOf(Cell const& cell) {
-    return std::max(CellImplementation::contentOf(cell).owners(), bodyOf<CellTable>(cell).owners());
+    return std::max(CellImplementation::contentOf(cell).owners(), tableBody(cell).owners());
 }
 
 bool isDate(Cell const& cell) {

@@ -8,6 +8,8 @@
 
 namespace QX {
 
+class CellTable;
+
 /// The number of a numeric cell.
 inline AnalyticDouble numberOf(Cell const& cell) {
     Detail::CellContent const& content = CellImplementation::contentOf(cell);
@@ -24,6 +26,9 @@ inline std::string_view textOf(Cell const& cell) {
                              : SharedText::of(content.block()).text();
 }
 
+/// The body of a table cell.
+CellTable const& tableBody(Cell const& cell);
+
 /// The handle by which a table cell holds its nested table.
 Ptr<Table> const& handleOf(Cell const& cell);
 
@@ -34,7 +39,7 @@ inline Ptr<Table> const* handleIn(Cell const& cell) {
 
 /// The nested table of a table cell without a handle of its own; null for every other cell.
 inline Table const* nestedIn(Cell const& cell) {
-    return cell.isA() == Cell::TableCell ? handleOf(cell).get() : nullptr;
+    return cell.isA() == Cell::TableCell ? CellImplementation::contentOf(cell).table() : nullptr;
 }
 
 /// The most handles that share the body of a table cell or its table.

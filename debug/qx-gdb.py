@@ -87,10 +87,15 @@ def cell_text(cell):
     return quoted_bytes(int(block + 1), int(block["size_"]))
 
 
-def body_of(cell):
-    """The body of a table cell or an error cell, as the class that it really is."""
-    pointer = cell["content_"]["payload_"]["body"]
-    return pointer.cast(pointer.dynamic_type).dereference()
+def nested_table(cell):
+    """The nested table of a table QX::Cell."""
+    return cell["content_"]["payload_"]["table"].dereference()
+
+
+def error_text(cell):
+    """The status of an error QX::Cell."""
+    pointer = cell["content_"]["payload_"]["error"]
+    return "error " + quoted(pointer.cast(pointer.dynamic_type)["status_"]["text_"])
 
 
 def number_text(number, valid):
@@ -104,9 +109,9 @@ def cell_number(cell):
     return number_text(content["payload_"]["number"], int(content["tag_"]) & 8)
 
 
-def table_text(handle):
-    """The table that a table cell holds."""
-    data = handle["object_"]["data_"]
+def table_text(table):
+    """The name and the shape of a table that a cell holds."""
+    data = table["data_"]
     return "table without data" if is_null(data) else "table " + summary(data["object_"].dereference())
 
 
@@ -158,8 +163,8 @@ class CellPrinter:
         "empty": lambda cell: "empty",
         "text": cell_text,
         "number": cell_number,
-        "table": lambda cell: table_text(body_of(cell)["table_"]),
-        "error": lambda cell: "error " + quoted(body_of(cell)["status_"]["text_"]),
+        "table": lambda cell: table_text(nested_table(cell)),
+        "error": error_text,
     }
 
     def __init__(self, value):
@@ -228,7 +233,7 @@ class NestedTable(gdb.Function):
     def invoke(self, cell):
         if kind_of(cell) != "table":
             raise gdb.GdbError("The cell holds no table")
-        return body_of(cell)["table_"]["object_"].dereference()
+        return nested_table(cell)
 
 
 class CellAt(gdb.Function):

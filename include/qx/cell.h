@@ -40,13 +40,15 @@ public:
         : tag_(string | inPlace | size << sizeShift), payload_() {
         std::memcpy(reinterpret_cast<char*>(this) + 1, text, size);
     }
-    /// Takes over one count of a body's block; `kind` is the kind of the body, neither empty nor
-    /// numeric.
-    CellContent(CellImplementation* body, PtrRefCount* block, unsigned kind) noexcept
-        : tag_(reinterpret_cast<std::uintptr_t>(block) | kind) {
-        static_assert(__STDCPP_DEFAULT_NEW_ALIGNMENT__ > (kindMask | inPlace),
-                      "kind and mark are kept in the free bits of an address");
-        payload_.body = body;
+    /// Takes over one count of the block of a long text.
+    explicit CellContent(PtrRefCount* text) noexcept : CellContent(text, string) {}
+    /// Takes over one count of the block of a table cell's body, which holds `table`.
+    CellContent(Table* table, PtrRefCount* block) noexcept : CellContent(block, nested) {
+        payload_.table = table;
+    }
+    /// Takes over one count of the block of an error cell's body.
+    CellContent(CellImplementation* error, PtrRefCount* block) noexcept : CellContent(block, failed) {
+        payload_.error = error;
     }
     CellContent(CellContent const& other) noexcept : tag_(other.tag_), payload_(other.payload_) {
         if (isShared()) {
@@ -57,7 +59,7 @@ public:
         : tag_(std::exchange(other.tag_, 0)), payload_(other.payload_) {}
     ~CellContent() {
         if (isShared() && block()->decrement()) {
-            block()->remove(payload_.body);
+            block()->remove(nullptr); // the body is a part of the block
         }
     }
     CellContent& operator=(CellContent const& other) noexcept {
@@ -82,8 +84,10 @@ public:
     /// The bytes of such a text; valid as long as this content stays where it is.
     char const* shortText() const noexcept { return reinterpret_cast<char const*>(this) + 1; }
     std::size_t shortSize() const noexcept { return (tag_ >> sizeShift) & longestInPlace; }
-    /// The body of a table cell or an error cell.
-    CellImplementation* body() const noexcept { return payload_.body; }
+    /// The body of an error cell.
+    CellImplementation* error() const noexcept { return payload_.error; }
+    /// The nested table of a table cell.
+    Table* table() const noexcept { return payload_.table; }
     /// The block of what is shared.
     PtrRefCount* block() const noexcept {
         return reinterpret_cast<PtrRefCount*>(tag_ & ~kindMask); // NOLINT(performance-no-int-to-ptr)
@@ -99,8 +103,16 @@ private:
     static constexpr std::uintptr_t kindMask = 7;
     static constexpr std::uintptr_t string = 1;
     static constexpr std::uintptr_t numeric = 2;
+    static constexpr std::uintptr_t nested = 3;
+    static constexpr std::uintptr_t failed = 4;
     static constexpr std::uintptr_t inPlace = 8; // a valid number or a short text
     static constexpr unsigned sizeShift = 4;     // where the size of a short text begins
+
+    CellContent(PtrRefCount* block, std::uintptr_t kind) noexcept
+        : tag_(reinterpret_cast<std::uintptr_t>(block) | kind), payload_() {
+        static_assert(__STDCPP_DEFAULT_NEW_ALIGNMENT__ > (kindMask | inPlace),
+                      "kind and mark are kept in the free bits of an address");
+    }
 
     bool isShared() const noexcept { return tag_ > kindMask && (tag_ & inPlace) == 0; }
     void swap(CellContent& other) noexcept {
@@ -109,7 +121,8 @@ private:
     }
 
     union Payload {
-        CellImplementation* body;
+        CellImplementation* error;
+        Table* table;
         double number;
     };
 
