@@ -137,7 +137,11 @@ private:
         }
         Column const lefts = pair.left->column(pair.i, pair.leftItems);
         Column const rights = pair.right->column(pair.k, pair.rightItems);
-        for (; pair.item < end && !complete(pair); ++pair.item) {
+        for (; !complete(pair); ++pair.item) {
+            pair.item = firstOther(lefts, rights, pair.item, end);
+            if (pair.item == end) {
+                break;
+            }
             Cell const& left = lefts[pair.item];
             Cell const& right = rights[pair.item];
             if (left.isA() != Cell::TableCell || right.isA() != Cell::TableCell) {
@@ -149,6 +153,17 @@ private:
             }
         }
         return std::nullopt;
+    }
+
+    /// The first item from `item` on at which two columns hold a table or not the same.
+    static std::size_t firstOther(Column const& lefts, Column const& rights, std::size_t item,
+                                  std::size_t end) {
+        while (item < end && lefts[item].isA() != Cell::TableCell &&
+               CellImplementation::contentOf(lefts[item])
+                   .isSame(CellImplementation::contentOf(rights[item]))) {
+            ++item;
+        }
+        return item;
     }
 
     static Pair nestedPair(Cell const& left, Cell const& right) {
