@@ -281,6 +281,7 @@ inline std::vector<Scenario> scenarios() {
          }},
         {"setAttributes", [](Objects& o) { o.table->setAttributes(o.operand); }},
         {"setAttributes to none", [](Objects& o) { o.table->setAttributes(Ptr<Table>()); }},
+        {"assignment of a new table", [](Objects& o) { *o.table = Table("new"); }},
         {"at(9, 2)", [](Objects& o) { o.table->at(9, 2) = o.cells[1]; }},
         {"at(npos, npos)", [](Objects& o) { o.table->at(Table::npos, Table::npos) = o.cells[1]; }},
         {"at(1, npos)", [](Objects& o) { o.table->at(1, Table::npos) = o.cells[1]; }},

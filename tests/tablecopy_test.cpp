@@ -122,5 +122,28 @@ TEST(TableAttributes, AreSharedByEveryHandleOfThem) {
     EXPECT_EQ(others->indices(), 1U);
 }
 
+TEST(TableAttributes, AreSharedByHandlesCopiedBeforeAnyWereSet) {
+    Table t("t");
+    Table const copy(t);
+    Table const copyOfCopy(copy);
+    Table assigned("assigned");
+    assigned = copyOfCopy;
+    Table const clone(*assigned.clone());
+    assigned.setAttribute("unit", Cell("eur"));
+    Table const* const handles[] = {&t, &copy, &copyOfCopy, &assigned};
+    for (Table const* const handle : handles) {
+        EXPECT_EQ(named(handle->getAttributes()), ": unit eur");
+    }
+    EXPECT_EQ(named(clone.getAttributes()), ": ");
+
+    t.setAttributes(Ptr<Table>());
+    Table const later(t);
+    Cell all;
+    later.getAttribute("", all);
+    nested(all)->at("unit", 1, Cell("usd"));
+    EXPECT_EQ(named(t.getAttributes()), ": unit usd");
+    EXPECT_EQ(named(copy.getAttributes()), ": unit eur");
+}
+
 } // namespace
 } // namespace QX
