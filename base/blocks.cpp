@@ -5,7 +5,6 @@
 #include "base/pages.h"
 #include "base/pool.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <limits>
@@ -77,7 +76,7 @@ public:
         ++count_;
         kept_ += block->bytes;
         Block* surplus = nullptr;
-        while (count_ > most || kept_ > std::max(used_, spare)) {
+        while (count_ > most || kept_ > used_ + spare) {
             Block** last = &first_;
             while ((*last)->next != nullptr) {
                 last = &(*last)->next;
@@ -91,7 +90,7 @@ public:
 
 private:
     static constexpr std::size_t most = 32;
-    static constexpr std::size_t spare = std::size_t{1} << 25U; // bytes that may be kept in any case
+    static constexpr std::size_t spare = std::size_t{1} << 26U; // bytes, about what the C library keeps
 
     void remove(Block** place) {
         kept_ -= (*place)->bytes;

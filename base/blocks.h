@@ -7,10 +7,10 @@
 
 namespace QX {
 
-/// Storage for arrays: small ones lie among the small objects. Of large ones that were given back some are
-/// kept, since the system clears fresh memory page by page, which takes longer than most of what is done
-/// with a result; what is kept is never more than what is in use, or than 32 MiB. Raises std::bad_alloc; any thread may
-/// give back what another took.
+/// Storage for arrays: small ones lie among the small objects. Of large ones that were given back some
+/// are kept, since the system clears fresh memory page by page, which takes longer than most of what is
+/// done with a result; what is kept is never more than what is in use and 64 MiB. Raises std::bad_alloc;
+/// any thread may give back what another took.
 void* takeArray(std::size_t bytes);
 /// Gives an array other storage, larger than its own, and moves its bytes there.
 void* growArray(void* array, std::size_t bytes, std::size_t wanted);

@@ -10,8 +10,8 @@ void* takePages(std::size_t bytes);
 void* growPages(void* memory, std::size_t bytes, std::size_t wanted);
 void givePages(void* memory, std::size_t bytes) noexcept;
 
-/// Has the system provide the pages of memory that is about to be written. To ask for many at once takes a
-/// third of the time that it takes to have each provided when it is first touched.
+/// Has the system provide the pages of memory that is about to be written. To ask for many at once takes
+/// a third of the time that it takes to have each provided when it is first touched.
 void readyPages(void* memory, std::size_t bytes) noexcept;
 
 } // namespace QX

@@ -105,10 +105,6 @@ Cell::Cell(Ptr<Table> const& table) : content_(contentOf(makeCounted<CellTable>(
 Cell::Cell(Ptr<Table const> const& table) : content_(contentOf(makeCounted<CellTable>(table))) {
 }
 
-bool Cell::empty() const {
-    return onBody(*this, [](auto const& body) { return body.empty(); });
-}
-
 Status Cell::get(double& out) const {
     return onBody(*this, [&](auto const& body) { return body.get(out); });
 }

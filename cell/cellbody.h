@@ -8,8 +8,8 @@
 
 namespace QX {
 
-/// Calls `call` with the body of `cell`, for most kinds by its own class, so that what is asked of it takes
-/// no virtual call.
+/// Calls `call` with the body of `cell`, for most kinds by its own class, so that what is asked of it
+/// takes no virtual call.
 template <typename Call>
 decltype(auto) onBody(Cell const& cell, Call const& call) {
     switch (cell.isA()) {

@@ -7,7 +7,8 @@
 
 namespace QX {
 
-/// The text of a string cell that is too long to be held in the cell: its bytes lie behind the count block.
+/// The text of a string cell that is too long to be held in the cell: its bytes lie behind the count
+/// block.
 class SharedText final : public PtrRefCount {
 public:
     /// Copies `text`; the block's count is 1.

@@ -11,8 +11,8 @@ namespace QX {
 
 /// The cells of one index: an array that grows at its end.
 ///
-/// Cells hold nothing that points into themselves, so that they move by their bytes, a large array by its
-/// pages. Growing raises std::length_error or std::bad_alloc and then changes nothing.
+/// Cells hold nothing that points into themselves, so that they move by their bytes, a large array by
+/// its pages. Growing raises std::length_error or std::bad_alloc and then changes nothing.
 class Cells {
 public:
     Cells() = default;
@@ -69,6 +69,13 @@ public:
     }
     /// Adds copies of cells, which must not lie in this array.
     void append(std::span<Cell const> cells);
+
+    /// Adds so many cells that the caller makes at once, in any order; returns where the first is to be.
+    Cell* addUnmade(std::size_t count) {
+        reserve(size_ + count);
+        size_ += count;
+        return end() - count;
+    }
 
 private:
     /// Takes cells from the end.

@@ -45,11 +45,13 @@ Cells gathered(Column const& column, Rows const& rows) {
 /// The same with every row put in its place. Reads cells in the order in which they lie in memory, which
 /// takes a quarter to a third less time than gathering 400,000 shuffled rows.
 Cells scattered(Column const& column, Rows const& places, std::size_t count) {
-    Cells cells(count + 1);
-    cells.front() = column[0];
+    Cells cells;
+    cells.reserve(count + 1);
+    cells.push_back(column[0]);
+    Cell* const first = cells.addUnmade(count) - 1;
     for (std::size_t row = 1; row < column.items(); ++row) {
         if (places[row] != 0) {
-            cells[places[row]] = column[row];
+            new (first + places[row]) Cell(column[row]);
         }
     }
     return cells;

@@ -16,7 +16,7 @@ Status TableImplementation::transpose(Ptr<Table>& result) const {
             Index& row = turned[j];
             row.reserve(indices());
             for (std::size_t i = begin; i < end; ++i) {
-                row.push_back(j < indices_[i].size() ? indices_[i][j] : Cell());
+                row.push_back(get(i, j));
             }
         }
     }
