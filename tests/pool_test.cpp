@@ -1,11 +1,14 @@
 #include "base/blocks.h"
 #include "base/makeptr.h"
+#include "table/src/cells.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstddef>
+#include <new>
 #include <random>
+#include <stdexcept>
 #include <thread>
 #include <vector>
 
@@ -117,6 +120,53 @@ TEST(Blocks, KeepVectorsApartInEveryThread) {
     other.join();
     EXPECT_EQ(elsewhere, 0U);
 }
+
+/// The number of cells that don't hold their own place in the column.
+std::size_t displaced(Cells const& column) {
+    std::size_t count = 0;
+    for (std::size_t j = 0; j < column.size(); ++j) {
+        count +=
+            column[j].compare(Cell(Str::asString(static_cast<int>(j)) + " in its place"), false) ? 0 : 1;
+    }
+    return count;
+}
+
+void addPlaces(Cells& column, std::size_t count) {
+    for (std::size_t size = column.size() + count; column.size() < size;) {
+        column.push_back(Cell(Str::asString(static_cast<int>(column.size())) + " in its place"));
+    }
+}
+
+TEST(Blocks, MoveWithTheirCellsWhenTheyGrow) {
+    std::mt19937 random(1);
+    std::array<Cells, 4> columns;
+    for (int round = 0; round < 40; ++round) {
+        Cells& column = columns[random() % columns.size()];
+        if (random() % 4 == 0) {
+            EXPECT_EQ(displaced(column), 0U);
+            column = Cells();
+        }
+        addPlaces(column, random() % 20'000);
+        column.push_back(column.empty() ? Cell() : column.front()); // also while the column moves
+        column.resize(column.size() - 1);
+    }
+    for (Cells const& column : columns) {
+        EXPECT_EQ(displaced(column), 0U);
+    }
+}
+
+#if defined(QX_KEEP_MEMORY) // otherwise a sanitizer may answer
+TEST(Blocks, StayWhatTheyAreWhenNoMemoryHoldsMore) {
+    for (std::size_t const size : {10U, 30'000U}) {
+        Cells column;
+        addPlaces(column, size);
+        EXPECT_THROW(column.reserve(std::size_t{1} << 45U), std::bad_alloc);
+        EXPECT_THROW(column.resize(static_cast<std::size_t>(-1)), std::length_error);
+        EXPECT_EQ(column.size(), size);
+        EXPECT_EQ(displaced(column), 0U);
+    }
+}
+#endif
 
 } // namespace
 } // namespace QX

@@ -72,8 +72,8 @@ public:
     /// - an empty cell: "[Empty]", exactly;
     /// - otherwise a string cell with that text, the empty text included.
     ///
-    /// So no cell holds a text that reads as a number: "007" becomes 7. Uses no stream; allocates at
-    /// most the body, of a text of more than 15 bytes or an error.
+    /// So no cell holds a text that reads as a number: "007" becomes 7. Uses no stream; allocates
+    /// nothing but the body of a text of more than 15 bytes, or that of an error and its message.
     Cell(Str const& text);
     /// Makes a valid number of any double, NaN and infinities included; allocates nothing.
     Cell(double value) noexcept : content_(value, true) {}
