@@ -27,17 +27,20 @@ public:
     BlockAllocator(BlockAllocator<U> const& /*other*/) noexcept {}
 
     T* allocate(std::size_t count) {
-        if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) {
+        if (count > std::numeric_limits<std::size_t>::max() / each) {
             throw std::bad_array_new_length();
         }
-        return static_cast<T*>(takeArray(count * sizeof(T)));
+        return static_cast<T*>(takeArray(count * each));
     }
-    void deallocate(T* array, std::size_t count) noexcept { giveArray(array, count * sizeof(T)); }
+    void deallocate(T* array, std::size_t count) noexcept { giveArray(array, count * each); }
 
     template <typename U>
     bool operator==(BlockAllocator<U> const& /*other*/) const {
         return true;
     }
+
+private:
+    static constexpr std::size_t each = sizeof(T); // NOLINT(bugprone-sizeof-expression): also pointers
 };
 
 /// A vector that is small, or large, and of which there are soon others of its size.

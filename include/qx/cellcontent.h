@@ -92,6 +92,7 @@ public:
     std::uint32_t owners() const noexcept { return isShared() ? block()->count() : 0; }
     /// True when both hold the same bits, and so the same thing.
     bool isSame(CellContent const& other) const noexcept {
+        // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): the bits of a number are meant
         return std::memcmp(this, &other, sizeof(CellContent)) == 0;
     }
 
