@@ -130,6 +130,9 @@ void giveBlock(void* memory) {
 
 void* growBlock(void* memory, std::size_t bytes) {
     Block* const former = Block::of(memory);
+    if (former->bytes >= bytes) {
+        return memory; // a block that was kept may be larger than it was asked to be
+    }
     if (Block* const kept = keep().take(bytes)) {
         std::memcpy(kept->memory(), memory, former->bytes);
         giveBlock(memory);

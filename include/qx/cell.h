@@ -57,7 +57,8 @@ public:
     Cell(Cell const& other) noexcept : content_(other.content_) {}
     /// Takes over the body of `other`, which becomes an empty cell.
     Cell(Cell&& other) noexcept : content_(std::move(other.content_)) {}
-    /// Shares a body; for the library's own use. A null body gives an empty cell.
+    /// Holds what a body holds, sharing that of a table or an error; for the library's own use. A null
+    /// body gives an empty cell.
     Cell(Ptr<CellImplementation> const& body);
     /// Makes the kind of cell that `text` reads as, the first of these that fits:
     ///

@@ -32,6 +32,7 @@ public:
     /// Holds a text of at most `longestInPlace` bytes.
     CellContent(char const* text, std::size_t size) noexcept
         : tag_(string | inPlace | size << sizeShift), payload_() {
+        static_assert(sizeof(CellContent) == longestInPlace + 1, "a short text must fit behind a byte");
         std::memcpy(reinterpret_cast<char*>(this) + 1, text, size);
     }
     /// Takes over one count of the block of a long text.
