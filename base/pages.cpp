@@ -7,6 +7,12 @@
 #if defined(__linux__)
 #include <sys/mman.h>
 #include <unistd.h>
+
+// A leak checker looks into such memory only if it is told to; null where the program has none.
+extern "C" {
+[[gnu::weak]] void __lsan_register_root_region(void const* begin, std::size_t bytes);   // NOLINT
+[[gnu::weak]] void __lsan_unregister_root_region(void const* begin, std::size_t bytes); // NOLINT
+}
 #endif
 
 namespace QX {
@@ -15,24 +21,41 @@ namespace QX {
 
 namespace {
 
-void* checked(void* memory) {
+void show(void const* memory, std::size_t bytes) {
+    if (__lsan_register_root_region != nullptr) {
+        __lsan_register_root_region(memory, bytes);
+    }
+}
+
+void hide(void const* memory, std::size_t bytes) {
+    if (__lsan_unregister_root_region != nullptr) {
+        __lsan_unregister_root_region(memory, bytes);
+    }
+}
+
+void* shown(void* memory, std::size_t bytes) {
     if (memory == MAP_FAILED) {
         throw std::bad_alloc();
     }
+    show(memory, bytes);
     return memory;
 }
 
 } // namespace
 
 void* takePages(std::size_t bytes) {
-    return checked(mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    return shown(mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0),
+                 bytes);
 }
 
 void* growPages(void* memory, std::size_t bytes, std::size_t wanted) {
-    return checked(mremap(memory, bytes, wanted, MREMAP_MAYMOVE));
+    void* const grown = shown(mremap(memory, bytes, wanted, MREMAP_MAYMOVE), wanted);
+    hide(memory, bytes);
+    return grown;
 }
 
 void givePages(void* memory, std::size_t bytes) noexcept {
+    hide(memory, bytes);
     munmap(memory, bytes);
 }
 

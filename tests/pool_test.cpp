@@ -97,6 +97,27 @@ TEST(Pool, TakesBackWhatOtherThreadsRelease) {
     }
 }
 
+/// Made before its thread uses the pool, and so ends when the thread's share of it has gone.
+struct Straggler {
+    std::size_t* spoiltOnes;
+
+    ~Straggler() {
+        Handles<3> handles;
+        add(handles, 1'000);
+        *spoiltOnes = spoilt(handles);
+    }
+};
+
+TEST(Pool, ServesThreadsToTheirVeryEnd) {
+    std::size_t spoiltOnes = 1;
+    std::thread([&] {
+        thread_local Straggler const straggler{&spoiltOnes};
+        Handles<3> handles;
+        add(handles, 1'000);
+    }).join();
+    EXPECT_EQ(spoiltOnes, 0U);
+}
+
 /// Makes and drops large vectors of many sizes, each filled with its own mark; counts those that are not
 /// as they were made.
 std::size_t churnVectors(unsigned seed) {
@@ -146,7 +167,12 @@ TEST(Blocks, MoveWithTheirCellsWhenTheyGrow) {
             EXPECT_EQ(displaced(column), 0U);
             column = Cells();
         }
-        addPlaces(column, random() % 20'000);
+        std::size_t const count = random() % 20'000;
+        if (random() % 3 == 0) {
+            std::thread([&] { addPlaces(column, count); }).join(); // an array may grow on any thread
+        } else {
+            addPlaces(column, count);
+        }
         column.push_back(column.empty() ? Cell() : column.front()); // also while the column moves
         column.resize(column.size() - 1);
     }
