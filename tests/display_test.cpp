@@ -74,6 +74,9 @@ TEST(TableDisplay, WritesTheSameBytesToEveryStream) {
         brief("a \"\" - ? {n 5 } !boom | n 0 -0 7 -999999 1e6 1234567 4e15 1e300 0.1 "
               "2.9999999999999996 1e-17 inf -inf nan | long");
     table->at(2, Table::npos) = Str(std::string(5000, 'x') + '\n');
+    for (std::size_t j = 0; j < 400; ++j) {
+        table->at(3, j) = Str("one of many texts");
+    }
     for (std::streamsize const precision : {6, 0, 9, 17, 30}) {
         for (std::size_t const room : {100000U, 5200U, 150U, 0U}) {
             Narrow bytes(room);

@@ -6,13 +6,16 @@
 #include "cell/cellstring.h"
 #include "cell/celltable.h"
 
+#include <cmath>
+#include <vector>
+
 namespace QX {
 namespace {
 
 TEST(CellBody, ClonesToABodyOfItsOwn) {
     Ptr<Table> const held = brief("A 1", "held");
     AnalyticDouble fraction(5, 2);
-    EXPECT_EQ(CellEmpty().clone()->isA(), Cell::EmptyCell);
+    EXPECT_EQ(Cell(CellEmpty().clone()).isA(), Cell::EmptyCell);
     EXPECT_EQ(printed(Cell(CellNumeric(fraction).clone())), "## 0 1074003968");
     EXPECT_TRUE(CellNumeric(AnalyticDouble()).clone()->empty());
     EXPECT_EQ(printed(Cell(CellString("12").clone())), "12");
@@ -23,6 +26,36 @@ TEST(CellBody, ClonesToABodyOfItsOwn) {
     Cell const ofTable(CellTable(held).clone());
     EXPECT_EQ(printed(ofTable), "Table - held\n");
     EXPECT_NE(nested(ofTable).get(), held.get());
+}
+
+TEST(CellBody, EqualsWhatItsCellEquals) {
+    AnalyticDouble notValid;
+    std::vector<Ptr<CellImplementation>> const bodies{
+        makePtr<CellEmpty>(),
+        CellString("").clone(),
+        CellString("a").clone(),
+        CellString("A").clone(),
+        CellString("a text that is not short").clone(),
+        CellString("A text that is not short").clone(),
+        CellString("1970-01-02").clone(),
+        makePtr<CellNumeric>(validNumber(1)),
+        makePtr<CellNumeric>(validNumber(std::nextafter(1, 2))),
+        makePtr<CellNumeric>(validNumber(-1)),
+        makePtr<CellNumeric>(notValid),
+        makePtr<CellError>(Status("x", Status::Error, -1)),
+        makePtr<CellTable>(brief("A")),
+        makePtr<CellTable>(brief("A")),
+    };
+    for (Ptr<CellImplementation> const& left : bodies) {
+        Cell const cell(left);
+        EXPECT_EQ(cell.empty(), left->empty()) << brief(cell);
+        for (Ptr<CellImplementation> const& right : bodies) {
+            for (bool const flag : {false, true}) {
+                EXPECT_EQ(cell.compare(Cell(right), flag), left->compare(*right, flag))
+                    << brief(cell) << " and " << brief(Cell(right)) << ", " << flag;
+            }
+        }
+    }
 }
 
 TEST(CellBody, IsSharedByEveryCellThatHoldsIt) {
