@@ -32,6 +32,7 @@ bool isErrorText(Str const& text) {
 
 static_assert(std::endian::native == std::endian::little, "a short text follows the tag's lowest byte");
 
+/// Takes over one count of a body.
 CellContent contentOf(Counted<CellTable>* body) {
     return CellContent(body->object.table().get(), body);
 }
@@ -41,7 +42,7 @@ CellContent contentOf(Counted<CellError>* body) {
 }
 
 /// A string cell's content, whatever the text reads as.
-CellContent contentOf(std::string_view text) {
+CellContent stringOf(std::string_view text) {
     if (text.size() <= CellContent::longestInPlace) {
         return CellContent(text.data(), text.size());
     }
@@ -49,10 +50,10 @@ CellContent contentOf(std::string_view text) {
 }
 
 /// The content that a text reads as.
-CellContent contentOf(Str const& text) {
+CellContent readFrom(Str const& text) {
     std::string_view const view = viewOf(text);
     if (isPlainText(view)) {
-        return contentOf(view);
+        return stringOf(view);
     }
     AnalyticDouble const number = readNumber(view);
     if (number.isValid()) {
@@ -64,12 +65,12 @@ CellContent contentOf(Str const& text) {
     if (view == emptyText) {
         return CellContent();
     }
-    return contentOf(view);
+    return stringOf(view);
 }
 
 } // namespace
 
-Cell::Cell(Str const& text) : content_(contentOf(text)) {
+Cell::Cell(Str const& text) : content_(readFrom(text)) {
 }
 
 Cell::Cell(Ptr<CellImplementation> const& body) {
@@ -80,7 +81,7 @@ Cell::Cell(Ptr<CellImplementation> const& body) {
     case EmptyCell:
         break;
     case StringCell:
-        content_ = contentOf(static_cast<CellString const&>(*body).text());
+        content_ = stringOf(static_cast<CellString const&>(*body).text());
         break;
     case NumericCell:
         content_ = CellContent(static_cast<CellNumeric const&>(*body).value());

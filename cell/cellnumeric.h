@@ -10,15 +10,6 @@ namespace QX {
 /// What a number displays that is not valid.
 inline constexpr std::string_view undefinedText = "[Undefined]";
 
-/// What can be computed of two numbers.
-enum class Operator { Add, Subtract, Multiply, Divide, Remainder, Unknown };
-
-/// The operator that a text stands for.
-Operator operatorOf(Str const& text);
-
-/// Computes with a known operator.
-AnalyticDouble operate(Operator op, AnalyticDouble const& left, AnalyticDouble const& right);
-
 /// The body of a number.
 class CellNumeric final : public CellImplementation {
 public:

@@ -1,6 +1,6 @@
 #include "base/strview.h"
-#include "cell/cellnumeric.h"
 #include "cell/cellvalue.h"
+#include "cell/operator.h"
 #include "table/src/descent.h"
 #include "table/src/raise.h"
 #include "table/src/tableimpl.h"
