@@ -5,6 +5,7 @@
 #include "base/pages.h"
 #include "base/pool.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <limits>
@@ -32,7 +33,8 @@ struct Block {
         std::size_t const former = block->bytes;
         auto* const grown = static_cast<Block*>(growPages(block, whole(former), whole(bytes)));
         grown->bytes = bytes;
-        readyPages(static_cast<std::byte*>(grown->memory()) + former, bytes - former);
+        constexpr std::size_t ahead = std::size_t{1} << 25U; // not all may come to be needed
+        readyPages(static_cast<std::byte*>(grown->memory()) + former, std::min(bytes - former, ahead));
         return grown;
     }
     static void destroy(Block* block) { givePages(block, whole(block->bytes)); }
