@@ -63,8 +63,7 @@ void readyPages(void* memory, std::size_t bytes) noexcept {
     static auto const page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
     auto const address = reinterpret_cast<std::uintptr_t>(memory);
     std::uintptr_t const before = address % page;
-    constexpr int populateForWriting =
-        23; // MADV_POPULATE_WRITE; older systems refuse it, and do without
+    constexpr int populateForWriting = 23; // MADV_POPULATE_WRITE, which systems before 5.14 refuse
     madvise(static_cast<std::byte*>(memory) - before, bytes + before, populateForWriting);
 }
 

@@ -10,11 +10,11 @@ bool equalBodies(Cell const& left, Cell const& right, bool flag);
 
 /// The same, decided by what the cells hold where that is enough.
 inline bool equalCells(Cell const& left, Cell const& right, bool flag) {
-    Detail::CellContent const& own = CellImplementation::contentOf(left);
-    Detail::CellContent const& other = CellImplementation::contentOf(right);
-    if (own.isSame(other)) {
+    if (holdSame(left, right)) {
         return true;
     }
+    Detail::CellContent const& own = CellImplementation::contentOf(left);
+    Detail::CellContent const& other = CellImplementation::contentOf(right);
     if (own.kind() == other.kind()) {
         switch (left.isA()) {
         case Cell::EmptyCell:

@@ -26,6 +26,11 @@ inline std::string_view textOf(Cell const& cell) {
                              : SharedText::of(content.block()).text();
 }
 
+/// True for cells that hold the same number, short text or body, by their bits.
+inline bool holdSame(Cell const& left, Cell const& right) {
+    return CellImplementation::contentOf(left).isSame(CellImplementation::contentOf(right));
+}
+
 /// The body of a table cell.
 CellTable const& tableBody(Cell const& cell);
 

@@ -12,11 +12,11 @@ SharedText* SharedText::make(std::string_view text) {
 }
 
 SharedText::SharedText(std::string_view text)
-    : PtrRefCount(QX_MODULE_TAG, &SharedText::remove), size_(text.size()) {
+    : PtrRefCount(QX_MODULE_TAG, &SharedText::destroy), size_(text.size()) {
     std::memcpy(reinterpret_cast<char*>(this + 1), text.data(), size_);
 }
 
-void SharedText::remove(PtrRefCount* block, void* /*object: a part of the block*/) {
+void SharedText::destroy(PtrRefCount* block, void* /*object: a part of the block*/) {
     Detail::requireReleased(*block);
     auto* const text = static_cast<SharedText*>(block);
     std::size_t const size = sizeof(SharedText) + text->size_;

@@ -23,7 +23,7 @@ public:
 private:
     explicit SharedText(std::string_view text);
 
-    static void remove(PtrRefCount* block, void* object);
+    static void destroy(PtrRefCount* block, void* object);
 
     std::size_t size_;
 };

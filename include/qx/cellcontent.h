@@ -91,7 +91,8 @@ public:
     }
     /// The number of cells that share the body; 0 where nothing is shared.
     std::uint32_t owners() const noexcept { return isShared() ? block()->count() : 0; }
-    /// True when both hold the same bits, and so the same thing; not of all that do.
+    /// True when both hold the same bits, and so the same thing. False also of some that hold equal
+    /// things, such as long texts of two bodies.
     bool isSame(CellContent const& other) const noexcept {
         // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): the bits of a number are meant
         return std::memcmp(this, &other, sizeof(CellContent)) == 0;

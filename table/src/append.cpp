@@ -12,11 +12,11 @@ namespace QX {
 
 namespace {
 
-/// True for cells that hold the same, and so display the same.
+/// True for cells that hold the same or equal texts, and so display the same. Cells that are equal by
+/// Cell::compare() may not.
 bool sameCells(Cell const& left, Cell const& right) {
-    return CellImplementation::contentOf(left).isSame(CellImplementation::contentOf(right)) ||
-           (left.isA() == Cell::StringCell && right.isA() == Cell::StringCell &&
-            textOf(left) == textOf(right));
+    return holdSame(left, right) || (left.isA() == Cell::StringCell && right.isA() == Cell::StringCell &&
+                                     textOf(left) == textOf(right));
 }
 
 } // namespace

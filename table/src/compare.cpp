@@ -159,8 +159,7 @@ private:
     static std::size_t firstOther(Column const& lefts, Column const& rights, std::size_t item,
                                   std::size_t end) {
         while (item < end && lefts[item].isA() != Cell::TableCell &&
-               CellImplementation::contentOf(lefts[item])
-                   .isSame(CellImplementation::contentOf(rights[item]))) {
+               holdSame(lefts[item], rights[item])) {
             ++item;
         }
         return item;

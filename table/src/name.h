@@ -27,7 +27,7 @@ public:
         }
         // A plain text equals no cell of another kind: it is not empty, and no number has its date.
         return text_.size() <= Detail::CellContent::longestInPlace
-                   ? CellImplementation::contentOf(first).isSame(CellImplementation::contentOf(cell_))
+                   ? holdSame(first, cell_)
                    : first.isA() == Cell::StringCell && textOf(first) == text_;
     }
     /// The cell to name an index by.
