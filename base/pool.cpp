@@ -15,7 +15,7 @@ namespace QX {
 namespace {
 
 constexpr std::size_t granule = 16;  // objects whose sizes round up to one multiple share slabs
-constexpr std::size_t largest = 128; // larger ones are left to the global operator new
+constexpr std::size_t largest = 256; // larger ones are left to the global operator new
 
 bool isPooled(std::size_t size) {
     return size - 1 < largest; // an array may be of no size at all

@@ -49,17 +49,11 @@ def is_null(handle):
     return not handle["object_"] or not handle["block_"]
 
 
-def extent(vector):
-    """The address of a vector's first element and the number of elements."""
-    fields = vector["_M_impl"]
-    return fields["_M_start"], int(fields["_M_finish"] - fields["_M_start"])
-
-
 def indices_of(body):
     """The indices of a table body, each the address of its first item and the number of items."""
-    start, count = extent(body["indices_"])
-    for number in range(count):
-        index = (start + number).dereference()
+    indices = body["indices_"]
+    for number in range(int(indices["size_"])):
+        index = (indices["indices_"] + number).dereference()
         yield index["cells_"], int(index["size_"])
 
 

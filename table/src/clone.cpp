@@ -25,11 +25,11 @@ Table const* TableImplementation::cloneCells(TableImplementation& copy, std::siz
     if (width == 0) {
         return nullptr;
     }
-    BlockVector<Index>& copies = copy.indices_;
+    Indices& copies = copy.indices_;
     copies.reserve(indices_.size());
     for (std::size_t i = copies.empty() ? 0 : copies.size() - 1; i < indices_.size(); ++i) {
         if (i == copies.size()) {
-            copies.emplace_back().reserve(width);
+            copies.push_back(Index()).reserve(width);
         }
         Index const& index = indices_[i];
         Index& cells = copies[i];

@@ -39,7 +39,7 @@ Status TableImplementation::fill(TableImplementation const& operand, Ptr<Table>&
     TableImplementation filled(name_);
     filled.indices_.reserve(operand.indices());
     for (std::size_t k = 0; k < operand.indices(); ++k) {
-        Index& index = filled.indices_.emplace_back(static_cast<std::size_t>(length));
+        Index& index = filled.indices_.push_back(Index(static_cast<std::size_t>(length)));
         std::fill(index.begin(), index.end(), operand.get(k, 1));
         index.front() = operand.get(k, 0);
     }

@@ -118,7 +118,7 @@ std::vector<Column> TableImplementation::columns() const {
 Ptr<Table> TableImplementation::pickRows(Str const& name, std::vector<Column> const& columns,
                                          Rows const& rows) {
     Ptr<Table> const table = makePtr<Table>(name);
-    BlockVector<Index>& picked = made(table).indices_;
+    Indices& picked = made(table).indices_;
     picked.reserve(columns.size());
     Rows const places = placesOf(rows, columns.empty() ? 0 : columns.front().items());
     for (Column const& column : columns) {

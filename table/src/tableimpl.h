@@ -5,6 +5,7 @@
 #include "qx/table.h"
 #include "table/src/cells.h"
 #include "table/src/column.h"
+#include "table/src/indices.h"
 
 #include <cstddef>
 #include <iosfwd>
@@ -181,7 +182,7 @@ private:
     Cell& addUpTo(std::size_t i, std::size_t j);
 
     Str name_;
-    BlockVector<Index> indices_;
+    Indices indices_;
 };
 
 /// Makes a table body and the first handle to it.

@@ -8,7 +8,7 @@ Status TableImplementation::transpose(Ptr<Table>& result) const {
     constexpr std::size_t few = 64; // indices, whose cells stay in the cache while all rows take theirs
     Ptr<Table> const table = makePtr<Table>(name_);
     std::size_t const width = items();
-    BlockVector<Index>& turned = made(table).indices_;
+    Indices& turned = made(table).indices_;
     turned.resize(width);
     for (std::size_t begin = 0; begin < indices(); begin += few) {
         std::size_t const end = std::min(begin + few, indices());
