@@ -110,6 +110,39 @@ TEST(FastPath, OrdersRowsByManyKeys) {
     }
 }
 
+TEST(FastPath, ComparesNestedTablesAsItDoesTheirOwners) {
+    Generator make(7);
+    int equal = 0;
+    for (int round = 0; round < 6000; ++round) {
+        Cells pool = make.pool(make.flip());
+        for (char const* name : {"name", "Name", "a name of 16 bytes"}) {
+            pool.emplace_back(Str(name));
+        }
+        Ptr<Table> const left = make.table(pool, make.below(4), make.below(4));
+        Ptr<Table> const right = left->clone();
+        if (make.flip() && right->items(0) > 0) {
+            right->at(make.below(right->indices()), make.below(4)) = pool[make.below(pool.size())];
+        }
+        bool const flag = make.flip();
+        Ptr<Table> const owners = brief("x");
+        Ptr<Table> const others = brief("x");
+        owners->at("x", 1) = left;
+        others->at("x", 1) = right;
+        Ptr<Table> differences;
+        Ptr<Table> nested;
+        (void)left->compare(right, differences, flag);
+        (void)owners->compare(others, nested, flag);
+        for (std::size_t j = 1; j < differences->items(0); ++j) {
+            std::string const place = text(differences->get(0, j));
+            differences->at(0, j) = Cell(Str((place.front() == '/' ? "/x[1]" : "") + place));
+        }
+        ASSERT_EQ(exact(*nested), exact(*differences)) << exact(*left) << "----\n" << exact(*right);
+        ASSERT_EQ(owners->match(others, false), left->match(right, false));
+        equal += nested->indices() == 0 ? 1 : 0;
+    }
+    EXPECT_GT(equal, 3000);
+}
+
 Rows distinctPlainly(Table const& table) {
     Rows kept{0};
     for (std::size_t j = 1; j < table.items(0); ++j) {
@@ -132,7 +165,8 @@ TEST(FastPath, FindsDistinctRows) {
     Generator make(3);
     std::size_t dropped = 0;
     for (int round = 0; round < 8000; ++round) {
-        Ptr<Table> const t = make.table(make.pool(make.below(4) == 0), make.below(4), make.below(20));
+        std::size_t const items = make.below(20);
+        Ptr<Table> const t = make.table(make.pool(make.below(4) == 0), make.below(4), items);
         TableImplementation const& body = TableImplementation::of(*t);
         Rows const plain = distinctPlainly(*t);
         dropped += t->items(0) - plain.size();
@@ -152,7 +186,8 @@ std::string displayed(Cell const& cell) {
 TEST(FastPath, FindsRowsThatDisplayAlike) {
     Generator make(4);
     for (int round = 0; round < 3000; ++round) {
-        Ptr<Table> const t = make.table(make.pool(make.flip()), make.below(4), make.below(16));
+        std::size_t const items = make.below(16);
+        Ptr<Table> const t = make.table(make.pool(make.flip()), make.below(4), items);
         Ptr<Table> result;
         (void)t->append(Ptr<Table>(new Table), result, false, true);
         std::set<std::string> seen;

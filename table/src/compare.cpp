@@ -1,5 +1,6 @@
 #include "cell/cellequal.h"
 #include "table/src/descent.h"
+#include "table/src/leafmatch.h"
 #include "table/src/namelookup.h"
 #include "table/src/tableimpl.h"
 
@@ -148,8 +149,11 @@ private:
                 if (!equalCells(left, right, flag_)) {
                     add(descent, left, right);
                 }
-            } else if (Pair nested = nestedPair(left, right); !equal_.contains(nested.key())) {
-                return nested;
+            } else if (!equalLeaves(nestedBody(left), nestedBody(right), flag_)) {
+                Pair nested{&nestedBody(left), &nestedBody(right), TableImplementation::isShared(left)};
+                if (!equal_.contains(nested.key())) {
+                    return nested;
+                }
             }
         }
         return std::nullopt;
@@ -165,9 +169,8 @@ private:
         return item;
     }
 
-    static Pair nestedPair(Cell const& left, Cell const& right) {
-        return {&TableImplementation::of(*nestedIn(left)), &TableImplementation::of(*nestedIn(right)),
-                TableImplementation::isShared(left)};
+    static TableImplementation const& nestedBody(Cell const& cell) {
+        return TableImplementation::of(*nestedIn(cell));
     }
 
     void listMissing(Descent<Pair>& descent) {

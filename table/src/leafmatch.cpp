@@ -1,0 +1,54 @@
+#include "table/src/leafmatch.h"
+
+#include "base/fastpaths.h"
+#include "cell/cellequal.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace QX {
+
+namespace {
+
+/// True when index i is found at its place: by a short text for a name, which no index before it has.
+bool isFoundByName(TableImplementation const& table, std::size_t i) {
+    Cell const& name = table.index(i).front();
+    Detail::CellContent const& content = CellImplementation::contentOf(name);
+    if (name.isA() != Cell::StringCell || !content.isShort()) {
+        return false;
+    }
+    for (std::size_t k = 0; k < i; ++k) {
+        if (holdSame(table.get(k, 0), name)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// True when two indices hold equal cells, none of them a table.
+bool equalValues(Cells const& left, Cells const& right, bool flag) {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [flag](Cell const& one, Cell const& other) {
+                          return one.isA() != Cell::TableCell && equalCells(one, other, flag);
+                      });
+}
+
+} // namespace
+
+bool equalLeaves(TableImplementation const& left, TableImplementation const& right, bool flag) {
+    constexpr std::size_t few = 8; // indices, whose names are held against one another
+    if (!fastPaths || left.indices() != right.indices() || left.indices() > few) {
+        return false;
+    }
+    for (std::size_t i = 0; i < left.indices(); ++i) {
+        Cells const& own = left.index(i);
+        Cells const& other = right.index(i);
+        if (own.empty() || !equalValues(own, other, flag) || !holdSame(own.front(), other.front()) ||
+            !isFoundByName(right, i)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace QX
