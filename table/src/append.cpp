@@ -1,7 +1,7 @@
 #include "cell/displaytext.h"
 #include "cell/texthash.h"
 #include "table/src/namelookup.h"
-#include "table/src/rowset.h"
+#include "table/src/rowrepeats.h"
 #include "table/src/tableimpl.h"
 
 #include <algorithm>
@@ -84,34 +84,19 @@ void TableImplementation::displayRow(std::size_t j, std::string& text) const {
     }
 }
 
-bool TableImplementation::sameRows(std::size_t j, std::size_t k) const {
-    for (std::size_t i = 0; i < indices(); ++i) {
-        if (!sameCells(get(i, j), get(i, k))) {
-            return false;
-        }
-    }
-    return true;
-}
-
 Rows TableImplementation::distinctTexts() const {
-    RowSet kept(items());
-    Rows rows;
+    RowHashes hashes(items());
     std::string text;
-    std::string earlierText;
-    for (std::size_t j = 0; j < items(); ++j) {
+    for (std::size_t j = 0; j < hashes.size(); ++j) {
         displayRow(j, text);
-        auto const equal = [&](std::size_t earlier) {
-            if (sameRows(earlier, j)) {
-                return true;
-            }
-            displayRow(earlier, earlierText);
-            return earlierText == text;
-        };
-        if (kept.insert(j, textHash(text), equal) && j > 0) {
-            rows.push_back(j);
-        }
+        hashes[j] = textHash(text);
     }
-    return rows;
+    std::string earlierText;
+    return firstRows(hashes, columns(), sameCells, [&](std::size_t earlier, std::size_t later) {
+        displayRow(earlier, earlierText);
+        displayRow(later, text);
+        return earlierText == text;
+    });
 }
 
 } // namespace QX

@@ -7,7 +7,8 @@
 #include "cell/numbergrid.h"
 #include "cell/texthash.h"
 #include "table/src/keyedplaces.h"
-#include "table/src/rowset.h"
+#include "table/src/neighbours.h"
+#include "table/src/rowrepeats.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -17,97 +18,109 @@ namespace QX {
 
 namespace {
 
-using Hash = std::uint64_t;
+bool hasDates(Column const& column) {
+    for (std::size_t j = 0; j < column.items(); ++j) {
+        if (column[j].isA() == Cell::StringCell && isDate(column[j])) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// True when two different numbers are next to each other, and so equal.
+bool hasNeighbours(Column const& column) {
+    BlockVector<std::uint64_t> words;
+    for (std::size_t j = 0; j < column.items(); ++j) {
+        if (column[j].isA() == Cell::NumericCell) {
+            words.push_back(gridWord(numberOf(column[j]).get()));
+        }
+    }
+    return haveNeighbours(words);
+}
 
 /// Hashes the cells of one column so that cells which may equal each other get the same hash.
 class ColumnHashes {
 public:
-    explicit ColumnHashes(Column const& column) : column_(column), hashes_(column.items()) {
+    explicit ColumnHashes(Column const& column) : column_(column) {
+        bool texts = false;
+        bool numbers = false;
+        bool valid = true;
+        bool apart = true; // no two different numbers are next to each other
         for (std::size_t j = 0; j < column.items(); ++j) {
             Cell const& cell = column[j];
-            if (cell.isA() == Cell::StringCell && !textOf(cell).empty()) {
-                hashes_[j] = textHash(cell);
-            } else if (cell.isA() == Cell::TableCell) {
-                hashes_[j] = reinterpret_cast<std::uintptr_t>(nestedIn(cell));
-            } else if (cell.isA() == Cell::NumericCell) {
-                AnalyticDouble const number = numberOf(cell);
-                numbers_.push_back({gridWord(number.get()), j});
-                valid_ = valid_ && number.isValid();
-                apart_ = apart_ && number.isValid() && standsApart(number.get());
-            } // empty cells, texts without characters and errors, which equal one another, keep hash 0
+            texts = texts || cell.isA() == Cell::StringCell;
+            if (cell.isA() == Cell::NumericCell) {
+                numbers = true;
+                valid = valid && numberOf(cell).isValid();
+                apart = apart && standsApart(numberOf(cell).get());
+            }
         }
-        usable_ = numbers_.empty() || !hasDates(); // a date equals every number of its day
-        hashNumbers();
+        usable_ = !texts || !numbers || !hasDates(column); // a date equals every number of its day
+        if (usable_ && (!valid || (!apart && hasNeighbours(column)))) {
+            linkNumbers();
+        }
     }
 
     /// Mixes the hashes into those of the rows, unless they would tell apart what may be equal.
-    void mixInto(BlockVector<Hash>& rows) const {
+    void mixInto(RowHashes& rows) const {
         for (std::size_t j = 0; j < rows.size() && usable_; ++j) {
-            rows[j] = spread(rows[j] ^ hashes_[j]);
+            rows[j] = spread(rows[j] ^ hash(j));
         }
     }
 
 private:
-    /// Gives numbers that are linked by steps of one in the grid the same hash.
-    void hashNumbers() {
-        if (apart_) {
-            for (KeyedPlace const& number : numbers_) {
-                hashes_[number.place] = spread(number.word);
-            }
-            return;
+    std::uint64_t hash(std::size_t j) const {
+        Cell const& cell = column_[j];
+        switch (cell.isA()) {
+        case Cell::StringCell:
+            return textOf(cell).empty() ? 0 : textHash(cell);
+        case Cell::NumericCell:
+            return linked_.empty() ? spread(gridWord(numberOf(cell).get())) : linked_[j];
+        case Cell::TableCell:
+            return reinterpret_cast<std::uintptr_t>(nestedIn(cell));
+        default:
+            return 0; // empty cells and errors, which equal one another and texts without characters
         }
-        sortPlaces(numbers_.data(), numbers_.size());
-        for (std::size_t first = 0; first < numbers_.size();) {
-            std::size_t end = first + 1;
-            bool valid = isValid(first);
-            while (end < numbers_.size() && numbers_[end].word - numbers_[end - 1].word <= 1) {
-                valid = valid && isValid(end);
+    }
+
+    /// Gives numbers that are linked by steps of one in the grid the same hash.
+    void linkNumbers() {
+        KeyedPlaces numbers; // with their places in the grid
+        for (std::size_t j = 0; j < column_.items(); ++j) {
+            if (column_[j].isA() == Cell::NumericCell) {
+                numbers.push_back({gridWord(numberOf(column_[j]).get()), j});
+            }
+        }
+        sortPlaces(numbers.data(), numbers.size());
+        linked_.resize(column_.items());
+        for (auto first = numbers.begin(); first != numbers.end();) {
+            bool valid = true;
+            auto end = first;
+            do {
+                valid = valid && !column_[end->place].empty();
                 ++end;
-            }
-            for (std::size_t k = first; k < end; ++k) {
-                // An empty cell equals a number that is not valid.
-                hashes_[numbers_[k].place] = valid ? spread(numbers_[first].word) : 0;
-            }
+            } while (end != numbers.end() && end->word - (end - 1)->word <= 1);
+            // An empty cell equals a number that is not valid.
+            std::uint64_t const hash = valid ? spread(first->word) : 0;
+            std::for_each(first, end, [&](KeyedPlace const& each) { linked_[each.place] = hash; });
             first = end;
         }
     }
 
-    bool hasDates() const {
-        for (std::size_t j = 0; j < column_.items(); ++j) {
-            if (isDate(column_[j])) {
-                return true;
-            }
-        }
-        return false;
-    }
-    bool isValid(std::size_t k) const { return valid_ || !column_[numbers_[k].place].empty(); }
-
     Column column_;
-    BlockVector<Hash> hashes_;
-    KeyedPlaces numbers_; // with their places in the grid
-    bool apart_ = true;   // no two different numbers are next to each other
-    bool valid_ = true;   // all of them are
-    bool usable_ = true;
+    bool usable_;
+    RowHashes linked_; // of the numbers, where those of different ones may be the same
 };
 
-bool equalRows(std::vector<Column> const& columns, std::size_t earlier, std::size_t later) {
-    return std::all_of(columns.begin(), columns.end(), [&](Column const& column) {
-        return equalCells(column[earlier], column[later], false);
+/// Of rows of one hash only the equal ones are one row.
+Rows distinctWithin(std::vector<Column> const& columns, RowHashes const& hashes) {
+    auto const equal = [](Cell const& earlier, Cell const& later) {
+        return equalCells(earlier, later, false);
+    };
+    return firstRows(hashes, columns, equal, [&](std::size_t earlier, std::size_t later) {
+        return std::all_of(columns.begin(), columns.end(),
+                           [&](Column const& column) { return equal(column[earlier], column[later]); });
     });
-}
-
-/// Compares each row with the kept rows of its hash, which is one and the same for rows that are equal.
-Rows distinctWithin(std::vector<Column> const& columns, BlockVector<Hash> const& hashes) {
-    RowSet kept(hashes.size());
-    Rows rows;
-    for (std::size_t j = 0; j < hashes.size(); ++j) {
-        bool const added = kept.insert(
-            j, hashes[j], [&](std::size_t earlier) { return equalRows(columns, earlier, j); });
-        if (added && j > 0) {
-            rows.push_back(j);
-        }
-    }
-    return rows;
 }
 
 std::size_t height(std::vector<Column> const& columns) {
@@ -120,7 +133,7 @@ Rows distinctRows(std::vector<Column> const& columns) {
     if (!fastPaths) {
         return distinctByComparing(columns);
     }
-    BlockVector<Hash> hashes(height(columns));
+    RowHashes hashes(height(columns));
     for (Column const& column : columns) {
         ColumnHashes(column).mixInto(hashes);
     }
@@ -128,7 +141,7 @@ Rows distinctRows(std::vector<Column> const& columns) {
 }
 
 Rows distinctByComparing(std::vector<Column> const& columns) {
-    return distinctWithin(columns, BlockVector<Hash>(height(columns)));
+    return distinctWithin(columns, RowHashes(height(columns)));
 }
 
 } // namespace QX

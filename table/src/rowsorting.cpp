@@ -4,6 +4,7 @@
 #include "cell/cellvalue.h"
 #include "cell/numbergrid.h"
 #include "table/src/keyedplaces.h"
+#include "table/src/neighbours.h"
 #include "table/src/roworder.h"
 
 #include <algorithm>
@@ -83,16 +84,13 @@ private:
 
     /// True when two different numbers are next to each other, and so equal.
     static bool hasNeighbours(Column const& column, Rows const& rows) {
-        KeyedPlaces places;
+        BlockVector<Word> words;
         for (std::size_t const row : rows) {
             if (column[row].isA() == Cell::NumericCell && !column[row].empty()) {
-                places.push_back({gridWord(numberOf(column[row]).get()), places.size()});
+                words.push_back(gridWord(numberOf(column[row]).get()));
             }
         }
-        sortPlaces(places.data(), places.size());
-        return std::adjacent_find(places.begin(), places.end(), [](auto const& a, auto const& b) {
-                   return b.word - a.word == 1;
-               }) != places.end();
+        return haveNeighbours(words);
     }
 
     bool apart_ = true; // no two different numbers can be next to each other

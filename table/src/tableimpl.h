@@ -167,8 +167,6 @@ private:
     void keepRows(Rows const& rows);
     /// Writes what the cells of row j display.
     void displayRow(std::size_t j, std::string& text) const;
-    /// True when the cells of two rows hold the same.
-    bool sameRows(std::size_t j, std::size_t k) const;
     /// The rows, without the names row, that don't display like an earlier one.
     Rows distinctTexts() const;
     /// A selection of the indices that `operand` does not name.
