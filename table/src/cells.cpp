@@ -32,7 +32,7 @@ void Cells::grow(std::size_t least) {
     if (least > most) {
         throw std::length_error("Too many items in an index");
     }
-    constexpr std::size_t many = 10'000; // are moved by their pages, and so need less room in advance
+    constexpr std::size_t many = 500'000; // take more memory in advance than moving them takes time
     std::size_t const more = capacity_ < many ? capacity_ : capacity_ / 2;
     std::size_t const capacity = std::max(least, std::min(capacity_ + more, most));
     cells_ = static_cast<Cell*>(growArray(cells_, capacity_ * sizeof(Cell), capacity * sizeof(Cell)));
