@@ -319,8 +319,9 @@ public:
     /// specified as indices not items in the selection table" when an operand index has more than two
     /// items.
     ///
-    /// Cost: linear; `distinct` sorts each index of fractions, and compares rows with all rows kept that
-    /// agree with them in every index that does not hold dates beside numbers.
+    /// Cost: linear; `distinct` sorts each index that holds numbers next to each other or not valid, and
+    /// compares rows with all rows kept that agree with them in every index that does not hold dates
+    /// beside numbers.
     Status select(Ptr<Table const> const& operand, Ptr<Table>& result, bool keepUnmatched, bool distinct,
                   bool invert) const;
 

@@ -36,14 +36,15 @@ bool equalValues(Cells const& left, Cells const& right, bool flag) {
 } // namespace
 
 bool equalLeaves(TableImplementation const& left, TableImplementation const& right, bool flag) {
-    constexpr std::size_t few = 8; // indices, whose names are held against one another
+    // So few cells are looked at again sooner than it is found out that they have been before.
+    constexpr std::size_t few = 8;
     if (!fastPaths || left.indices() != right.indices() || left.indices() > few) {
         return false;
     }
     for (std::size_t i = 0; i < left.indices(); ++i) {
         Cells const& own = left.index(i);
         Cells const& other = right.index(i);
-        if (own.empty() || !equalValues(own, other, flag) || !holdSame(own.front(), other.front()) ||
+        if (own.empty() || own.size() > few || !equalValues(own, other, flag) || !holdSame(own.front(), other.front()) ||
             !isFoundByName(right, i)) {
             return false;
         }

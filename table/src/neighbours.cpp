@@ -1,5 +1,7 @@
 #include "table/src/neighbours.h"
 
+#include "base/hash.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstddef>
@@ -23,7 +25,6 @@ public:
     bool mayHave(Word word) const { return (bits_[placeOf(word)] & maskOf(word)) != 0; }
 
 private:
-    static Word spread(Word word) { return word * 0x9E3779B97F4A7C15U; } // 2^64 by the golden ratio
     static Word maskOf(Word word) { return Word{1} << (spread(word) >> 58U); }
     std::size_t placeOf(Word word) const { return spread(word) >> 20U & (bits_.size() - 1); }
 

@@ -23,10 +23,10 @@ class RepeatedRows {
 public:
     explicit RepeatedRows(std::vector<Column> const& columns) : columns_(columns) {}
 
-    /// The rows from 1 on that are the first of their hash; nothing when a later one does not equal that
-    /// one by `equalCells` in every column.
-    template <typename EqualCells>
-    std::optional<Rows> drop(RowHashes const& hashes, EqualCells const& equalCells) {
+    /// The rows from 1 on that are the first of their hash; nothing when a later one differs from that
+    /// one by `same` in a column.
+    template <typename Same>
+    std::optional<Rows> drop(RowHashes const& hashes, Same const& same) {
         constexpr std::size_t ahead = 16; // rows are added in the time that a place takes to be fetched
         constexpr std::size_t many = 4096;
         RowSet kept(hashes.size());
@@ -39,11 +39,14 @@ public:
             } else if (j > 0) {
                 rows.push_back(j);
             }
-            if (repeats_.size() == many && !areEqual(equalCells)) {
-                return std::nullopt;
+            if (repeats_.size() == many) {
+                if (!areEqual(same)) {
+                    return std::nullopt;
+                }
+                repeats_.clear();
             }
         }
-        return areEqual(equalCells) ? std::optional(std::move(rows)) : std::nullopt;
+        return areEqual(same) ? std::optional(std::move(rows)) : std::nullopt;
     }
 
 private:
@@ -52,37 +55,38 @@ private:
         std::size_t row;
     };
 
-    /// Looks at the repeats found since it was called last.
-    template <typename EqualCells>
-    bool areEqual(EqualCells const& equalCells) {
-        std::vector<Repeat> const repeats = std::exchange(repeats_, {});
+    template <typename Same>
+    bool areEqual(Same const& same) const {
         return std::all_of(columns_.begin(), columns_.end(), [&](Column const& column) {
-            return std::all_of(repeats.begin(), repeats.end(), [&](Repeat const& each) {
-                return equalCells(column[each.first], column[each.row]);
+            return std::all_of(repeats_.begin(), repeats_.end(), [&](Repeat const& each) {
+                return same(column[each.first], column[each.row]);
             });
         });
     }
 
     std::vector<Column> const& columns_;
-    std::vector<Repeat> repeats_;
+    std::vector<Repeat> repeats_; // that are still to be looked at
 };
 
-/// The rows from 1 on that equal no earlier row that was kept, row 0 included: `equalRows(earlier,
-/// later)` tells whether two rows are. Rows whose cells are equal by `equalCells(earlier, later)` in
-/// every column must be.
-template <typename EqualCells, typename EqualRows>
-Rows firstRows(RowHashes const& hashes, std::vector<Column> const& columns, EqualCells const& equalCells,
-               EqualRows const& equalRows) {
+/// The rows from 1 on that equal no earlier row that was kept, row 0 included. Two rows are equal when
+/// `same(earlier, later)` holds of their cells in every column, or else `equal(earlier, later)` of them.
+template <typename Same, typename Equal>
+Rows firstRows(RowHashes const& hashes, std::vector<Column> const& columns, Same const& same,
+               Equal const& equal) {
     if (fastPaths) {
-        if (std::optional<Rows> rows = RepeatedRows(columns).drop(hashes, equalCells)) {
+        if (std::optional<Rows> rows = RepeatedRows(columns).drop(hashes, same)) {
             return std::move(*rows);
         }
     }
     RowSet kept(hashes.size());
     Rows rows;
     for (std::size_t j = 0; j < hashes.size(); ++j) {
-        auto const equal = [&](std::size_t earlier) { return equalRows(earlier, j); };
-        if (kept.insert(j, hashes[j], equal) == j && j > 0) {
+        auto const repeats = [&](std::size_t earlier) {
+            return std::all_of(columns.begin(), columns.end(),
+                               [&](Column const& column) { return same(column[earlier], column[j]); }) ||
+                   equal(earlier, j);
+        };
+        if (kept.insert(j, hashes[j], repeats) == j && j > 0) {
             rows.push_back(j);
         }
     }
