@@ -143,17 +143,19 @@ bool Log::prefix(LogLevel level) {
     }
     DateTime now;
     now.now();
-    Str text; // put together first, so that no part of it is written when memory runs out
+    // All texts are made first, so that no part of the prefix is written when memory runs out.
+    Str const date = dateDisplay_ ? now.getDate("dd:mmm:yyyy") : Str();
+    Str const time = timeDisplay_ ? now.getTime("hh:mm:ss") : Str();
+    Str const number = Str::asString(int(level));
     if (dateDisplay_) {
-        text += now.getDate("dd:mmm:yyyy") + " ";
+        *stream_ << date << ' ';
     }
     if (timeDisplay_) {
-        text += now.getTime("hh:mm:ss") + " ";
+        *stream_ << time << ' ';
     }
     if (level > Always) {
-        text += name_ + "-Level " + Str::asString(int(level)) + ": ";
+        *stream_ << name_ << "-Level " << number << ": ";
     }
-    *stream_ << text;
     return true;
 }
 

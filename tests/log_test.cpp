@@ -71,6 +71,16 @@ Log::LogLevel level(int number) {
     return static_cast<Log::LogLevel>(number);
 }
 
+TEST_F(LogTest, LeavesTheStreamsWidthToWhatIsWrittenFirst) {
+    stream.fill('.');
+    stream.width(8);
+    log.send("hello", Log::Always);
+    log.setName("Main");
+    stream.width(8);
+    log.send("hello", Log::Info);
+    EXPECT_EQ(written(), "...hello|....Main-Level 4: hello|");
+}
+
 TEST_F(LogTest, WritesWhatIsAtOrBelowItsLevel) {
     log.send("shown", Log::Info);
     log.send("hidden", Log::Debug);
