@@ -32,7 +32,9 @@ Ptr<CellImplementation> CellTable::clone() const {
 }
 
 std::ostream& CellTable::display(std::ostream& os) const {
-    return table_->display(os, -1);
+    Ptr<Table> const table(table_); // an override may drop the cell that holds it
+    table->display(os, -1);
+    return os;
 }
 
 Status CellTable::get(Ptr<Table>& out) const {

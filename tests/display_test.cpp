@@ -63,6 +63,50 @@ TEST(TableDisplay, IsVirtualForNestedTables) {
     EXPECT_EQ(printed(holder->get(0, 0)), "loud -1: Table - l\n");
 }
 
+/// Takes what a table holds away from it while it is displayed, and returns a stream of its own.
+struct Taking : Table {
+    explicit Taking(Table* other) : Table("a table of a longer name"), victim(other) {}
+    std::ostream& display(std::ostream& os, int number) const override {
+        victim->at(0, 0) = Cell();
+        *victim = Table("another");
+        os << name() << ' ' << number << '\n';
+        return elsewhere;
+    }
+    Table* victim;
+    static inline std::ostringstream elsewhere;
+};
+
+TEST(TableDisplay, HoldsTheTablesThatItWrites) {
+    auto const outerOf = [](Cell const& cell) {
+        Ptr<Table> const outer = brief("", "outer");
+        outer->at(0, 0) = cell;
+        return outer;
+    };
+    auto const taking = [](Table* victim) { return Cell(Ptr<Table>(new Taking(victim))); };
+    std::string const ended = "Table - outer\nIndex 0 <[Empty]> \n";
+    Ptr<Table> const outer = outerOf(Cell());
+    outer->at(0, 0) = taking(outer.get());
+    EXPECT_EQ(shown(*outer), "a table of a longer name 0\n" + ended);
+
+    Ptr<Table> inner(new Table("inner"));
+    inner->at(0, 0) = taking(inner.get());
+    EXPECT_EQ(shown(*outerOf(Cell(inner))), "a table of a longer name 1\nTable - 0\nIndex 0 <[Empty]> \n"
+                                            "Table - outer\nIndex 0 <`Table 0'> \n");
+
+    Ptr<Table> const around = outerOf(Cell());
+    inner = Ptr<Table>(new Table("inner"));
+    inner->at(0, 0) = taking(around.get());
+    around->at(0, 0) = Cell(inner);
+    inner.reset();
+    EXPECT_EQ(shown(*around), "a table of a longer name 1\nTable - 0\nIndex 0 <`Table 1'> \n" + ended);
+
+    Ptr<Table> const owner = outerOf(Cell());
+    owner->at(0, 0) = taking(owner.get());
+    std::ostringstream os;
+    EXPECT_EQ(&(os << owner->get(0, 0)), &os);
+    EXPECT_EQ(os.str(), "a table of a longer name -1\n");
+}
+
 /// Takes so many bytes.
 struct Narrow : std::streambuf {
     explicit Narrow(std::size_t room) : text(room, '.') { setp(text.data(), text.data() + text.size()); }

@@ -39,27 +39,28 @@ void displayIndex(LineWriter& line, std::size_t i, Cells const& index, int& nest
     line.endLine();
 }
 
-/// A table whose nested tables are displayed, which come before itself.
+/// A table whose nested tables are displayed, which come before itself. Holds it, since the override of a
+/// derived class may drop any table.
 struct Display {
-    TableImplementation const* body;
+    Ptr<TableImplementation const> body;
     int number;
     int nested = number; // the number of the last nested table
     std::size_t i = 0;
     std::size_t j = 0;
 
-    auto key() const { return body; }
+    auto key() const { return body.get(); }
 
     /// Steps over the next table cell and numbers its table; null when there is none.
-    Table const* nextNested() {
+    Ptr<Table> nextNested() {
         for (; i < body->indices(); ++i, j = 0) {
             for (Cells const& index = body->index(i); j < index.size(); ++j) {
                 if (index[j].isA() == Cell::TableCell) {
                     nested = successor(nested);
-                    return nestedIn(index[j++]);
+                    return handleOf(index[j++]);
                 }
             }
         }
-        return nullptr;
+        return Ptr<Table>();
     }
 };
 
@@ -93,21 +94,23 @@ thread_local constinit Call const* Call::innermost = nullptr;
 
 } // namespace
 
-std::ostream& TableImplementation::display(std::ostream& os, int number) const {
-    Call const call(this);
+std::ostream& TableImplementation::display(Ptr<TableImplementation const> const& body, std::ostream& os,
+                                           int number) {
+    Call const call(body.get());
     LineWriter line(os);
     auto const advance = [&](Descent<Display>& descent) -> std::optional<Display> {
         Display& walk = descent.back();
-        while (Table const* const table = walk.nextNested()) {
-            if (typeid(*table) == typeid(Table) && table->data_) {
-                return Display{table->data_.get(), walk.nested};
+        while (Ptr<Table> const table = walk.nextNested()) {
+            Table const& nested = *table;
+            if (typeid(nested) == typeid(Table) && nested.data_) {
+                return Display{nested.data_, walk.nested};
             }
             table->display(os, walk.nested);
         }
         walk.body->displayOwn(line, walk.number);
         return std::nullopt;
     };
-    descend(Display{this, number}, advance, [](Descent<Display>&, Display const&) {});
+    descend(Display{body, number}, advance, [](Descent<Display>&, Display const&) {});
     return os;
 }
 

@@ -130,7 +130,7 @@ void Table::setAttributes(Ptr<Table> table) {
 }
 
 std::ostream& Table::display(std::ostream& os, int number) const {
-    return data_ ? data_->display(os, number) : os << "Null table" << std::endl;
+    return data_ ? TableImplementation::display(data_, os, number) : os << "Null table" << std::endl;
 }
 
 Ptr<TableImplementation> Table::getImplementation() const {

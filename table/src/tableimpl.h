@@ -98,7 +98,9 @@ public:
     bool check() const;
     /// A deep copy of a table and its attributes.
     static Ptr<Table> clone(Table const& table);
-    std::ostream& display(std::ostream& os, int number) const;
+    /// Holds the body meanwhile, as a derived class's display may drop any table.
+    static std::ostream& display(Ptr<TableImplementation const> const& body, std::ostream& os,
+                                 int number);
 
     // The operations of Table, one family per source file. The caller keeps this body alive meanwhile.
     Status merge(TableImplementation const& operand, Ptr<Table>& result, bool byName) const;
