@@ -116,20 +116,20 @@ TEST(TableAtXPath, MakesADataBody) {
     EXPECT_EQ(brief(t), "A {A B 5 }");
     Ptr<Table> const inner(new Table(Ptr<TableImplementation>()));
     t.at("C", 1, Cell(inner));
+    EXPECT_EQ(brief(t.atXPath("C/B", Cell())), "-");
     EXPECT_NE(raised([&] { t.atXPath("C/B", false); }), "");
+    EXPECT_NE(raised([&] { t.atXPath("C/B[x]", true); }), "");
     EXPECT_EQ(shown(*inner), "Null table\n");
     t.atXPath("C/B", true) = Cell(5);
     EXPECT_EQ(brief(*inner), "B 5");
 }
 
-TEST(TableXPath, MakesABodyForANestedTableThatHasNone) {
-    Ptr<Table> const inner(new Table(Ptr<TableImplementation>()));
-    Table t;
-    t.at("A", 1, Cell(inner));
-    EXPECT_EQ(brief(t.atXPath("A/B", Cell())), "-");
-    EXPECT_EQ(shown(*inner), "Null table\n");
-    t.atXPath("A/B", true) = Cell(5);
-    EXPECT_EQ(brief(*inner), "B 5");
+TEST(TableAtXPath, KeepsTheStepsBeforeOneThatFails) {
+    Table t{Ptr<TableImplementation>()};
+    EXPECT_NE(raised([&] { t.atXPath("A[x]", true); }), "");
+    EXPECT_EQ(shown(t), "Null table\n");
+    EXPECT_NE(raised([&] { t.atXPath("A/B[x]", true); }), "");
+    EXPECT_EQ(brief(t), "A {A }");
 }
 
 TEST(TableAttributes, AreKeptByPath) {
@@ -159,6 +159,9 @@ TEST(TableAttributes, WithoutABodyGiveNothing) {
     EXPECT_EQ(brief(value), "untouched");
     t->getAttributes()->at("lost", 1, Cell(1));
     EXPECT_EQ(named(t->clone()->getAttributes()), ": ");
+    Table failed(*t);
+    EXPECT_NE(raised([&] { (void)failed.setAttribute("x[y]", Cell(1)); }), "");
+    EXPECT_EQ(named(failed.getAttributes()), "Attributes: ");
     EXPECT_EQ(outcome(t->setAttribute("x", Cell(1))), "Ok");
     EXPECT_EQ(named(t->getAttributes()), "Attributes: x 1");
 }

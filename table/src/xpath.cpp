@@ -152,16 +152,16 @@ Cell valueAt(Body const& root, Str const& path, char separator) {
 }
 
 /// The data body of the first table that the steps of a path reach, without the last step; null when
-/// that is no table.
+/// that is no table or the last step can't be taken.
 template <typename Access>
-Body tableBefore(Walk<Access>&& walk, Body const& root, Str const& path, char separator,
-                 Growth& growth) {
+Body tableBefore(PathStep const& last, Walk<Access>&& walk, Body const& root, Str const& path,
+                 char separator, Growth& growth) {
     walk.follow(viewOf(path), separator, true);
     if (!walk.begun()) {
         return root;
     }
     Ptr<Table> const* const table = walk.first() == nullptr ? nullptr : handleIn(*walk.first());
-    return table == nullptr ? Body() : growth.bodyOf(*table);
+    return table == nullptr || !last.readable ? Body() : growth.bodyOf(*table);
 }
 
 /// The cell at a path, to be written; with `create`, what is missing on the way is made.
@@ -169,12 +169,12 @@ Cell& placeAt(Body const& root, Str const& path, bool create, char separator) {
     Growth growth;
     std::string_view rest = viewOf(path);
     std::size_t const behind = rest.rfind(separator) + 1; // npos + 1 is 0: the whole path
-    Body const table =
-        behind == 0 ? root // no walk for a path of one step, as most attributes have
-        : create    ? tableBefore(Walk<Growing>(&root, Growing(growth)), root, path, separator, growth)
-                    : tableBefore(Walk<Reading>(root.get()), root, path, separator, growth);
     rest.remove_prefix(behind);
     PathStep const last = takeStep(rest, separator);
+    Body const table =
+        behind == 0 ? root // no walk for a path of one step, as most attributes have
+        : create    ? tableBefore(last, Walk<Growing>(&root, Growing(growth)), root, path, separator, growth)
+                    : tableBefore(last, Walk<Reading>(root.get()), root, path, separator, growth);
     std::size_t const item = last.item == Table::npos ? 1 : last.item;
     if (!table || !last.readable || (!create && item >= table->items())) {
         Status failure("No value at specified xpath '", Status::Error, -1);
@@ -215,16 +215,28 @@ Cell Table::atXPath(Str const& path, Cell const& /*defaultValue*/, char separato
 
 Cell& Table::atXPath(Str const& path, bool create, char separator) {
     Ptr<TableImplementation> const root = heldBody();
-    Cell& cell = placeAt(root, path, create, separator);
-    data_ = root;
-    return cell;
+    try {
+        Cell& cell = placeAt(root, path, create, separator);
+        data_ = root;
+        return cell;
+    } catch (Except const&) {
+        if (root->indices() > 0) {
+            data_ = root; // the steps before the last have been taken
+        }
+        throw;
+    }
 }
 
 Status Table::setAttribute(Str const& path, Cell const& value) {
     Cell const kept(value); // it may live in the attributes, which may grow
     Ptr<TableImplementation> const attributes =
         heldAttributes() ? attributes_ : makeBody(Str("Attributes"));
-    placeAt(attributes, path, true, '/') = kept;
+    try {
+        placeAt(attributes, path, true, '/') = kept;
+    } catch (Except const&) {
+        attributes_ = attributes;
+        throw;
+    }
     attributes_ = attributes;
     return Status();
 }
