@@ -38,6 +38,12 @@ list(JOIN QX_PC_LIBS " " QX_PC_LIBS)
 list(JOIN QX_PC_REQUIRES " " QX_PC_REQUIRES)
 file(RELATIVE_PATH QX_PC_TO_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" QX_PC_TO_PREFIX "${QX_PC_TO_PREFIX}")
+foreach(dir IN ITEMS LIBDIR INCLUDEDIR)
+    set(QX_PC_${dir} ${CMAKE_INSTALL_${dir}})
+    if(NOT IS_ABSOLUTE "${QX_PC_${dir}}")
+        string(PREPEND QX_PC_${dir} "\${prefix}/")
+    endif()
+endforeach()
 
 # What programs need to run is the component runtime, what building them takes the component development.
 install(TARGETS ${installed_targets} EXPORT qxTargets

@@ -30,6 +30,7 @@ function(qx_library target static_macro)
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR} # while 0.x, a minor version may break
+        POSITION_INDEPENDENT_CODE ON # a static one may become part of a plug-in
         INSTALL_RPATH $ORIGIN # the libraries find each other wherever the tree is installed
         VERIFY_INTERFACE_HEADER_SETS ON)
     if(NOT BUILD_SHARED_LIBS)

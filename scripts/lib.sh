@@ -8,6 +8,9 @@ jobs=$(nproc 2>/dev/null || echo 2)
 # What the library and the example programs are built with.
 build_packages=(cmake=cmake g++=g++ ninja-build=ninja libcli11-dev libcsv-dev nlohmann-json3-dev)
 
+# What every build is configured with besides its preset.
+build_options=()
+
 # What the benchmarks are built with besides.
 bench_packages=(libbenchmark-dev libsqlite3-dev libpugixml-dev)
 
@@ -114,6 +117,6 @@ build() {
     if command -v ccache >/dev/null; then
         launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
     fi
-    cmake --preset "$preset" -B "build/$name" "${launcher[@]}" "$@"
+    cmake --preset "$preset" -B "build/$name" "${launcher[@]}" "${build_options[@]}" "$@"
     cmake --build "build/$name" --parallel "$jobs" --target "$target"
 }
