@@ -88,6 +88,8 @@ TEST(Report, WritesItsPlace) {
         return written([&](std::ostream& os) { report.display(os); });
     };
     EXPECT_EQ(display(Report(status, "a.cpp", -3)), "a.cpp(-3): x\n");
+    EXPECT_EQ(written([&](std::ostream& os) { os << Report(status, "a.cpp", -3) << status; }),
+              "a.cpp(-3): x\n#Critical: x");
     EXPECT_EQ(display(Report(status, "", 3)), "x\n");
     EXPECT_EQ(outcome(Report(status, "a.cpp", 3)), "x (state 3, code 4)");
 }

@@ -120,7 +120,8 @@ public:
     ///
     /// `out` is written for every number; beyond the range of an int, and for NaN, it is -2147483648.
     /// Returns Error "Integer not equivalent to number" unless the number is whole: within one machine
-    /// epsilon, relative to its magnitude, of `out`. So infinities count as whole and 3e9 does not.
+    /// epsilon, relative to its magnitude, of `out`. So infinities count as whole and 3e9 does not; this
+    /// is what "whole" means in all of this class.
     Status get(int& out) const;
     /// Reads a truth value: a number is true unless 0 (NaN is true), a text when it is "TRUE" in any
     /// letter case; false for empty and error cells.
@@ -153,9 +154,10 @@ public:
     /// error cell, a nested table as Table::display() with number -1.
     ///
     /// A number is written as a double when it is whole, otherwise in exact form; "[Undefined]" when it
-    /// is not valid. The stream's own formatting of doubles and ints applies. The exact form and that of
-    /// an empty cell read back through Cell(Str const&) as equal cells, and so do whole numbers when the
-    /// stream's precision shows all their digits (17 always do); infinities read back as texts.
+    /// is not valid. The stream's own formatting of doubles and ints applies. The exact form, in decimal,
+    /// and that of an empty cell read back through Cell(Str const&) as equal cells, and so do whole
+    /// numbers when the stream's precision shows all their digits (10 always do, the usual 6 show those
+    /// below a million); infinities read back as texts.
     virtual std::ostream& display(std::ostream& os) const;
 
     /// True when this cell equals `other`; not symmetric, since the left cell decides:

@@ -1,5 +1,9 @@
 #pragma once
 
+#if __cplusplus < 201703L && !(defined(_MSVC_LANG) && _MSVC_LANG >= 201703L)
+#error "QX needs C++17 or later (-std=c++17, /std:c++17)"
+#endif
+
 /// Marks what the library exports; define QX_STATIC to use it as a static library.
 #if defined(QX_STATIC)
 #define QX_API

@@ -26,8 +26,8 @@ class TableImplementation;
 /// Tables nest to any depth: nothing here takes more of the stack for a deeper table, releasing one
 /// allocates nothing, and costs are linear in the depth. A table may contain itself, but is then never
 /// given back. Where a descent would have no end for it, clone(), display(), compare(), match(),
-/// overlay(), operation(), makeTemplate() and unaryOperation() raise Except "Table contains itself";
-/// inputs are then as before, and `result` holds what it did or what was computed so far.
+/// overlay(), operation(), makeTemplate(), unaryOperation() and append() with `distinct` raise Except
+/// "Table contains itself"; inputs are then as before, and `result` holds what it did or what was computed so far.
 ///
 /// A Table is a handle over two shared bodies: the data, and a table of attributes that holds named
 /// values about it. Copying a Table shares both bodies: a change made through one handle is seen through
@@ -198,6 +198,10 @@ public:
     /// `create`. Raises std::length_error or std::bad_alloc for an item beyond any memory; all that the
     /// steps made is then gone again.
     Cell& atXPath(Str const& path, bool create, char separator = '/');
+    /// Not there: a fractional number or a literal given as default value would count as `create`, true.
+    template <typename T,
+              typename = std::enable_if_t<std::is_floating_point<T>::value || std::is_pointer<T>::value>>
+    Cell& atXPath(Str const& path, T defaultValue, char separator = '/') = delete;
 
     /// Keeps `value`, sharing its body, at a path with separator '/' in this table's attributes, which
     /// are made as needed.
@@ -270,7 +274,8 @@ public:
     /// With `distinct` rows that repeat an earlier row, the names row included, are removed, and every
     /// index gets as many items. Two rows repeat each other when the display texts of their cells, each
     /// behind a colon, make up the same text: "a:" and "b" repeats "a" and ":b". Numbers are displayed
-    /// with 17 digits there, so different numbers differ.
+    /// with 17 digits there, so different numbers differ. A nested table may be displayed several times,
+    /// and is to display the same each time.
     ///
     /// The result is named "OPERAND and THIS". Always returns Ok. Raises Except "No append table
     /// provided" for a null operand, or else "Result table cannot be same as 'this' table" when `result`
@@ -362,8 +367,8 @@ public:
     ///     A 3 1 2 1     A          A 1 1 2 3      A 3 2 1 1
     ///     B w x y z                B x z y w      B w y x z
     ///
-    /// The operand names the keys, the most significant first (matched by text): as several indices of
-    /// one item each, otherwise as the items of its first index. Rows that are equal in every key keep
+    /// The operand names the keys, the most significant first (matched by text with this table's names):
+    /// as several indices of one item each, otherwise as the items of its first index. Rows that are equal in every key keep
     /// their order. The order is that of Cell::operator<, empty cells (also texts without characters and
     /// numbers that are not valid) before all others.
     ///

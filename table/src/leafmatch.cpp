@@ -44,8 +44,8 @@ bool equalLeaves(TableImplementation const& left, TableImplementation const& rig
     for (std::size_t i = 0; i < left.indices(); ++i) {
         Cells const& own = left.index(i);
         Cells const& other = right.index(i);
-        if (own.empty() || own.size() > few || !equalValues(own, other, flag) || !holdSame(own.front(), other.front()) ||
-            !isFoundByName(right, i)) {
+        if (own.empty() || own.size() > few || !equalValues(own, other, flag) ||
+            !holdSame(own.front(), other.front()) || !isFoundByName(right, i)) {
             return false;
         }
     }

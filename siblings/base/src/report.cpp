@@ -16,4 +16,8 @@ std::ostream& Report::display(std::ostream& os) const {
     return os << message(false) << '\n';
 }
 
+std::ostream& operator<<(std::ostream& os, Report const& report) {
+    return report.display(os);
+}
+
 } // namespace QX

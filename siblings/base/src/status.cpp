@@ -1,5 +1,7 @@
 #include "qxbase/status.h"
 
+#include <ostream>
+
 namespace QX {
 
 namespace {
@@ -44,6 +46,10 @@ Str Status::message(bool marked) const {
         return text_;
     }
     return Str(state_ == Critical ? "#Critical: " : "#Err: ") + text_;
+}
+
+std::ostream& operator<<(std::ostream& os, Status const& status) {
+    return os << status.message(true);
 }
 
 } // namespace QX

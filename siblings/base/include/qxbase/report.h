@@ -29,4 +29,7 @@ private:
     int line_ = 0;
 };
 
+/// Same as display().
+QXBASE_API std::ostream& operator<<(std::ostream& os, Report const& report);
+
 } // namespace QX

@@ -3,6 +3,7 @@
 #include "qxbase/export.h"
 #include "qxbase/str.h"
 
+#include <iosfwd>
 #include <string>
 
 namespace QX {
@@ -49,5 +50,8 @@ private:
     State state_ = Ok;
     int code_ = 0;
 };
+
+/// Writes message(true).
+QXBASE_API std::ostream& operator<<(std::ostream& os, Status const& status);
 
 } // namespace QX
