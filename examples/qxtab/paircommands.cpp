@@ -1,5 +1,7 @@
 #include "commands.h"
 #include "failure.h"
+#include "journal.h"
+#include "names.h"
 
 #include <CLI/CLI.hpp>
 
@@ -15,9 +17,21 @@ void addAppendOptions(CLI::App& app, Options& options) {
     app.add_flag("--distinct", options.distinct, "Remove rows that repeat an earlier row");
 }
 
+void tellLeftOut(QX::Table const& rows, Input const& further) {
+    for (std::size_t i = 0; i < further.table->indices(); ++i) {
+        std::string const name = nameText(*further.table, i);
+        if (!hasIndex(rows, name)) {
+            tell(further.file + ": index \"" + name + "\" is left out (--add-indices keeps it)");
+        }
+    }
+}
+
 Outcome append(Options const& options, Inputs const& inputs) {
     QX::Ptr<QX::Table const> rows = inputs.front().table;
     for (std::size_t k = 1; k < inputs.size(); ++k) {
+        if (!options.addIndices) {
+            tellLeftOut(*rows, inputs[k]);
+        }
         bool const distinct = options.distinct && k + 1 == inputs.size(); // once, over all rows
         QX::Ptr<QX::Table> longer;
         require(rows->append(inputs[k].table, longer, options.addIndices, distinct));

@@ -75,7 +75,9 @@ Command const sortCommand = {
     "sort",
     "List the rows in the order of one or more key indices",
     "Rows that are equal in every key keep their order. Empty cells come before all others,\n"
-    "numbers before texts that are no dates. A key that names no index is an error.",
+    "numbers before texts that are no dates. A row is listed once for each value that its\n"
+    "key equals, so twice for 0.3 beside 0.30000000000000004; other numbers of rows than\n"
+    "before are told. A key that names no index is an error.",
     1,
     1,
     addSortOptions,
