@@ -171,10 +171,12 @@ Cell& placeAt(Body const& root, Str const& path, bool create, char separator) {
     std::size_t const behind = rest.rfind(separator) + 1; // npos + 1 is 0: the whole path
     rest.remove_prefix(behind);
     PathStep const last = takeStep(rest, separator);
-    Body const table =
-        behind == 0 ? root // no walk for a path of one step, as most attributes have
-        : create    ? tableBefore(last, Walk<Growing>(&root, Growing(growth)), root, path, separator, growth)
-                    : tableBefore(last, Walk<Reading>(root.get()), root, path, separator, growth);
+    Body table = root; // needs no walk for a path of one step, as most attributes have
+    if (behind != 0 && create) {
+        table = tableBefore(last, Walk<Growing>(&root, Growing(growth)), root, path, separator, growth);
+    } else if (behind != 0) {
+        table = tableBefore(last, Walk<Reading>(root.get()), root, path, separator, growth);
+    }
     std::size_t const item = last.item == Table::npos ? 1 : last.item;
     if (!table || !last.readable || (!create && item >= table->items())) {
         Status failure("No value at specified xpath '", Status::Error, -1);
