@@ -158,6 +158,7 @@ int runToExitCode(Action action, int failed) {
 
 int main(std::vector<std::string> const& arguments) {
     CLI::App app("Works on tables of values in CSV and TSV files.", "qxtab");
+    app.set_version_flag("--version", "qxtab " QX_VERSION, "Print the version and exit");
     app.allow_windows_style_options(false); // "/name" is a file on every system
     app.require_subcommand(0, 1);
     Options options;
