@@ -27,12 +27,10 @@ public:
     /// one by `same` in a column.
     template <typename Same>
     std::optional<Rows> drop(RowHashes const& hashes, Same const& same) {
-        constexpr std::size_t ahead = 16; // rows are added in the time that a place takes to be fetched
         constexpr std::size_t many = 4096;
         RowSet kept(hashes.size());
         Rows rows;
         for (std::size_t j = 0; j < hashes.size(); ++j) {
-            kept.fetch(hashes[std::min(j + ahead, hashes.size() - 1)]);
             std::size_t const first = kept.insert(j, hashes[j], [](std::size_t) { return true; });
             if (first != j) {
                 repeats_.push_back({first, j});

@@ -28,9 +28,6 @@ public:
         return row;
     }
 
-    /// Has the place of a hash that is soon to be inserted fetched from memory.
-    void fetch(std::uint64_t hash) const { __builtin_prefetch(&slots_[placeOf(hash)], 1); }
-
 private:
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
 
