@@ -25,11 +25,18 @@ bool isFoundByName(TableImplementation const& table, std::size_t i) {
     return true;
 }
 
-/// True when two indices hold equal cells, none of them a table.
+/// True for a cell that is no table and, as a text, soon compared.
+bool isSmall(Cell const& cell) {
+    constexpr std::size_t longest = 100;
+    return cell.isA() == Cell::StringCell ? textOf(cell).size() <= longest
+                                          : cell.isA() != Cell::TableCell;
+}
+
+/// True when two indices hold equal, small cells.
 bool equalValues(Cells const& left, Cells const& right, bool flag) {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                       [flag](Cell const& one, Cell const& other) {
-                          return one.isA() != Cell::TableCell && equalCells(one, other, flag);
+                          return isSmall(one) && equalCells(one, other, flag);
                       });
 }
 
