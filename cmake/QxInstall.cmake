@@ -6,6 +6,8 @@
 
 include(CMakePackageConfigHelpers)
 
+# Relative, since CMake 3.25 exports the directory of headers with the prefix before it, even an absolute one.
+file(RELATIVE_PATH CMAKE_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/qx)
 set(installed_targets qx)
 set(QX_FIND_SIBLINGS "")
@@ -38,11 +40,10 @@ list(JOIN QX_PC_LIBS " " QX_PC_LIBS)
 list(JOIN QX_PC_REQUIRES " " QX_PC_REQUIRES)
 file(RELATIVE_PATH QX_PC_TO_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" QX_PC_TO_PREFIX "${QX_PC_TO_PREFIX}")
-foreach(dir IN ITEMS LIBDIR INCLUDEDIR)
-    set(QX_PC_${dir} ${CMAKE_INSTALL_${dir}})
-    if(NOT IS_ABSOLUTE "${QX_PC_${dir}}")
-        string(PREPEND QX_PC_${dir} "\${prefix}/")
-    endif()
+file(RELATIVE_PATH QX_PC_LIBDIR ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
+set(QX_PC_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR})
+foreach(dir IN ITEMS TO_PREFIX LIBDIR INCLUDEDIR)
+    string(REPLACE " " "\\ " QX_PC_${dir} "${QX_PC_${dir}}")
 endforeach()
 
 # What programs need to run is the component runtime, what building them takes the component development.
