@@ -23,12 +23,16 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
                 COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${library}
                 OUTPUT_VARIABLE file
                 OUTPUT_STRIP_TRAILING_WHITESPACE)
-            if(IS_ABSOLUTE "${file}")
-                set(stripped ${PROJECT_BINARY_DIR}/compiler/${library}) # without symbols a twelfth of the size
+            if(NOT IS_ABSOLUTE "${file}")
+                continue()
+            endif()
+            if(CMAKE_STRIP) # without symbols they take a twelfth of the size
+                set(stripped ${PROJECT_BINARY_DIR}/compiler/${library})
                 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/compiler)
                 execute_process(COMMAND ${CMAKE_STRIP} -o ${stripped} ${file} COMMAND_ERROR_IS_FATAL ANY)
-                install(PROGRAMS ${stripped} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
+                set(file ${stripped})
             endif()
+            install(PROGRAMS ${file} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
         endforeach()
     endif()
 elseif(BUILD_SHARED_LIBS)
