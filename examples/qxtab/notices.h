@@ -12,12 +12,16 @@ public:
     /// `file` is what messages call the input.
     explicit Notices(std::string file);
 
+    /// Tells "qxtab: file: text".
+    void tell(std::string const& text);
     /// Tells "qxtab: file:line: text".
     void tell(std::size_t line, std::string const& text);
     /// Tells how many messages were left out, if any.
     void finish() const;
 
 private:
+    void add(std::string const& place, std::string const& text);
+
     std::string file_;
     std::size_t count_ = 0;
 };

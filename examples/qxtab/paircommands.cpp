@@ -2,8 +2,13 @@
 #include "failure.h"
 #include "journal.h"
 #include "names.h"
+#include "notices.h"
 
 #include <CLI/CLI.hpp>
+
+#include <cstddef>
+#include <map>
+#include <string>
 
 namespace qxtab {
 
@@ -17,21 +22,28 @@ void addAppendOptions(CLI::App& app, Options& options) {
     app.add_flag("--distinct", options.distinct, "Remove rows that repeat an earlier row");
 }
 
-void tellLeftOut(QX::Table const& rows, Input const& further) {
+/// Tells the indices whose values do not come behind those of the first file.
+void tellLeftOut(QX::Table const& rows, Input const& further, bool addIndices) {
+    std::map<std::string, std::size_t> last; // index of each name, which is the one that counts
+    for (std::size_t i = 0; i < further.table->indices(); ++i) {
+        last[nameText(*further.table, i)] = i;
+    }
+    Notices notices(further.file);
     for (std::size_t i = 0; i < further.table->indices(); ++i) {
         std::string const name = nameText(*further.table, i);
-        if (!hasIndex(rows, name)) {
-            tell(further.file + ": index \"" + name + "\" is left out (--add-indices keeps it)");
+        if (last.at(name) != i) {
+            notices.tell("index \"" + name + "\" is left out: a later one has its name");
+        } else if (!addIndices && !hasIndex(rows, name)) {
+            notices.tell("index \"" + name + "\" is left out (--add-indices keeps it)");
         }
     }
+    notices.finish();
 }
 
 Outcome append(Options const& options, Inputs const& inputs) {
     QX::Ptr<QX::Table const> rows = inputs.front().table;
     for (std::size_t k = 1; k < inputs.size(); ++k) {
-        if (!options.addIndices) {
-            tellLeftOut(*rows, inputs[k]);
-        }
+        tellLeftOut(*rows, inputs[k], options.addIndices);
         bool const distinct = options.distinct && k + 1 == inputs.size(); // once, over all rows
         QX::Ptr<QX::Table> longer;
         require(rows->append(inputs[k].table, longer, options.addIndices, distinct));
