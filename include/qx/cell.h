@@ -154,7 +154,7 @@ public:
     /// error cell, a nested table as Table::display() with number -1.
     ///
     /// A number is written as a double when it is whole, otherwise in exact form; "[Undefined]" when it
-    /// is not valid. The stream's own formatting of doubles and ints applies. The exact form, in decimal,
+    /// is not valid. The stream's own formatting of doubles and ints applies. The exact form in decimal
     /// and that of an empty cell read back through Cell(Str const&) as equal cells, and so do whole
     /// numbers when the stream's precision shows all their digits (10 always do, the usual 6 show those
     /// below a million); infinities read back as texts.

@@ -14,8 +14,8 @@ namespace QX {
 ///
 /// Its text is in the report: a Status in state Error with the message, the library's name for where it
 /// raises ("table\src\tableimpl" for all that tables do), and the line of the raise in the source file
-/// that does it, for the library's developers. what() gives the standard library's default text. May be caught by a module other than the
-/// one that threw it.
+/// that does it, for the library's developers. what() gives the standard library's default text. May be
+/// caught by a module other than the one that threw it.
 class QX_API Except : public std::exception {
 public:
     /// Copies `report`.

@@ -27,7 +27,8 @@ class TableImplementation;
 /// allocates nothing, and costs are linear in the depth. A table may contain itself, but is then never
 /// given back. Where a descent would have no end for it, clone(), display(), compare(), match(),
 /// overlay(), operation(), makeTemplate(), unaryOperation() and append() with `distinct` raise Except
-/// "Table contains itself"; inputs are then as before, and `result` holds what it did or what was computed so far.
+/// "Table contains itself"; inputs are then as before, and `result` holds what it did or what was
+/// computed so far.
 ///
 /// A Table is a handle over two shared bodies: the data, and a table of attributes that holds named
 /// values about it. Copying a Table shares both bodies: a change made through one handle is seen through
@@ -198,7 +199,8 @@ public:
     /// `create`. Raises std::length_error or std::bad_alloc for an item beyond any memory; all that the
     /// steps made is then gone again.
     Cell& atXPath(Str const& path, bool create, char separator = '/');
-    /// Not there: a fractional number or a literal given as default value would count as `create`, true.
+    /// Not there: a fractional number or a text literal given as default value would count as `create`,
+    /// true. A whole number still does: write `Cell(42)`.
     template <typename T,
               typename = std::enable_if_t<std::is_floating_point<T>::value || std::is_pointer<T>::value>>
     Cell& atXPath(Str const& path, T defaultValue, char separator = '/') = delete;
@@ -206,7 +208,8 @@ public:
     /// Keeps `value`, sharing its body, at a path with separator '/' in this table's attributes, which
     /// are made as needed.
     ///
-    /// Returns Ok. Raises as atXPath() with `create` true.
+    /// Returns Ok. Raises as atXPath() with `create` true; attributes made for a path that raises Except
+    /// stay.
     Status setAttribute(Str const& path, Cell const& value);
     /// Makes `value` share the body of the first value at a path in this table's attributes, an empty
     /// cell when there is none; leaves it as it was when there are no attributes. Always returns Ok.
@@ -368,9 +371,9 @@ public:
     ///     B w x y z                B x z y w      B w y x z
     ///
     /// The operand names the keys, the most significant first (matched by text with this table's names):
-    /// as several indices of one item each, otherwise as the items of its first index. Rows that are equal in every key keep
-    /// their order. The order is that of Cell::operator<, empty cells (also texts without characters and
-    /// numbers that are not valid) before all others.
+    /// as several indices of one item each, otherwise as the items of its first index. Rows that are
+    /// equal in every key keep their order. The order is that of Cell::operator<, empty cells (also
+    /// texts without characters and numbers that are not valid) before all others.
     ///
     /// Where a key index's order and equality disagree, rows can be lost or repeated: a row is listed
     /// once for each distinct value that it equals. So a column with NaN loses rows, and rows whose

@@ -39,8 +39,8 @@ void displayIndex(LineWriter& line, std::size_t i, Cells const& index, int& nest
     line.endLine();
 }
 
-/// A table whose nested tables are displayed, which come before itself. Holds it, since the override of a
-/// derived class may drop any table.
+/// A table whose nested tables are displayed, which come before itself. Holds it, since the override of
+/// a derived class may drop any table.
 struct Display {
     Ptr<TableImplementation const> body;
     int number;
