@@ -51,11 +51,12 @@ private:
 /// The blocks of the program that are kept, the last one given back first.
 class Keep {
 public:
-    Block* take(std::size_t bytes) {
+    /// A block of so many bytes and at most `spare` more; null if there is none.
+    Block* take(std::size_t bytes, std::size_t spare) {
         std::lock_guard const lock(mutex_);
         for (Block** place = &first_; *place != nullptr; place = &(*place)->next) {
             Block* const block = *place;
-            if (block->bytes >= bytes && block->bytes - bytes <= bytes / 4) {
+            if (block->bytes >= bytes && block->bytes - bytes <= spare) {
                 remove(place);
                 used_ += block->bytes;
                 return block;
@@ -78,7 +79,7 @@ public:
         ++count_;
         kept_ += block->bytes;
         Block* surplus = nullptr;
-        while (count_ > most || kept_ > used_ + spare) {
+        while (count_ > most || kept_ > used_ + beyond) {
             Block** last = &first_;
             while ((*last)->next != nullptr) {
                 last = &(*last)->next;
@@ -92,7 +93,7 @@ public:
 
 private:
     static constexpr std::size_t most = 32;
-    static constexpr std::size_t spare = std::size_t{1} << 26U; // bytes, about what the C library keeps
+    static constexpr std::size_t beyond = std::size_t{1} << 26U; // bytes, about what the C library keeps
 
     void remove(Block** place) {
         kept_ -= (*place)->bytes;
@@ -115,7 +116,7 @@ Keep& keep() {
 static_assert(sizeof(Block) % alignof(std::max_align_t) == 0, "what follows must be aligned, too");
 
 void* takeBlock(std::size_t bytes) {
-    Block* block = keep().take(bytes);
+    Block* block = keep().take(bytes, bytes / 4);
     if (block == nullptr) {
         block = Block::make(bytes);
         keep().use(bytes);
@@ -135,7 +136,8 @@ void* growBlock(void* memory, std::size_t bytes) {
     if (former->bytes >= bytes) {
         return memory; // a block that was kept may be larger than it was asked to be
     }
-    if (Block* const kept = keep().take(bytes)) {
+    // What has grown is likely to grow on: a roomy block saves moving it again.
+    if (Block* const kept = keep().take(bytes, bytes)) {
         std::memcpy(kept->memory(), memory, former->bytes);
         giveBlock(memory);
         return kept->memory();
