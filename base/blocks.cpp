@@ -131,19 +131,19 @@ void giveBlock(void* memory) {
     }
 }
 
-void* growBlock(void* memory, std::size_t bytes) {
+void* growBlock(void* memory, std::size_t bytes, std::size_t wanted) {
     Block* const former = Block::of(memory);
-    if (former->bytes >= bytes) {
+    if (former->bytes >= wanted) {
         return memory; // a block that was kept may be larger than it was asked to be
     }
     // What has grown is likely to grow on: a roomy block saves moving it again.
-    if (Block* const kept = keep().take(bytes, bytes)) {
-        std::memcpy(kept->memory(), memory, former->bytes);
+    if (Block* const kept = keep().take(wanted, wanted)) {
+        std::memcpy(kept->memory(), memory, bytes);
         giveBlock(memory);
         return kept->memory();
     }
-    std::size_t const more = bytes - former->bytes;
-    Block* const block = Block::grow(former, bytes);
+    std::size_t const more = wanted - former->bytes;
+    Block* const block = Block::grow(former, wanted);
     keep().use(more);
     return block->memory();
 }
@@ -162,7 +162,7 @@ void* takeArray(std::size_t bytes) {
 
 void* growArray(void* array, std::size_t bytes, std::size_t wanted) {
     if (isLarge(bytes)) {
-        return growBlock(array, wanted);
+        return growBlock(array, bytes, wanted);
     }
     void* const grown = takeArray(wanted);
     if (bytes > 0) {

@@ -6,7 +6,8 @@
 
 include(CMakePackageConfigHelpers)
 
-# Relative, since CMake 3.25 exports the directory of headers with the prefix before it, even an absolute one.
+# Relative, since CMake 3.25 exports the directory of headers with the prefix before it, even one that is
+# absolute.
 file(RELATIVE_PATH CMAKE_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/qx)
 set(installed_targets qx)
