@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/pool.h"
+#include "memory/pool.h"
 #include "qx/ptr.h"
 
 #include <utility>

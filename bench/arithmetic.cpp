@@ -61,7 +61,7 @@ Database const& numbersDatabase(std::size_t size) {
 
 Ptr<Table const> templateOf(Ptr<Table const> const& table) {
     Ptr<Table> made;
-    table->makeTemplate(table, made);
+    (void)table->makeTemplate(table, made);
     return made;
 }
 
@@ -71,7 +71,7 @@ Prepare addingByQx() {
         return job(
             [left, right = numbersTable(size), marks = templateOf(left)] {
                 Ptr<Table> added;
-                left->operation(right, "+", marks, added);
+                (void)left->operation(right, "+", marks, added);
                 return added;
             },
             [](Ptr<Table> const& added) { return answerOf(*added); });
@@ -125,7 +125,7 @@ void addSum() {
         return job(
             [table, marks = templateOf(table)] {
                 double sum = 0;
-                table->unaryOperation("+", marks, sum);
+                (void)table->unaryOperation("+", marks, sum);
                 return sum;
             },
             rounded);

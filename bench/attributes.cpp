@@ -18,9 +18,9 @@ Tables tablesOf(Rows const& rows) {
     tables.reserve(rows.size());
     for (Row const& row : rows) {
         Ptr<Table> const table(new Table("order"));
-        table->setAttribute("source", Str(row.city));
-        table->setAttribute("customer", Str(row.name));
-        table->setAttribute("rate", row.amount);
+        (void)table->setAttribute("source", Str(row.city));
+        (void)table->setAttribute("customer", Str(row.name));
+        (void)table->setAttribute("rate", row.amount);
         tables.push_back(table);
     }
     return tables;
@@ -57,8 +57,8 @@ double sumOfTables(Tables const& tables) {
     QX::Cell value;
     for (Ptr<Table> const& table : tables) {
         double rate = 0;
-        table->getAttribute(name, value);
-        value.get(rate);
+        (void)table->getAttribute(name, value);
+        (void)value.get(rate);
         sum += rate;
     }
     return sum;

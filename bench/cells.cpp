@@ -144,13 +144,13 @@ Prepare parsing(bool byQx) {
 
 double numberOf(Cell const& cell) {
     double number = 0;
-    cell.get(number);
+    (void)cell.get(number);
     return number;
 }
 
 std::size_t lengthOf(Cell const& cell) {
     Str text;
-    cell.get(text, 0);
+    (void)cell.get(text, 0);
     return text.size();
 }
 

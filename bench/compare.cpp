@@ -21,7 +21,7 @@ Prepare byQx(bool equal) {
         return job(
             [left = tableOnce(size), right = tableOf(rightRows(size, equal))] {
                 Ptr<Table> differences;
-                left->compare(right, differences, false);
+                (void)left->compare(right, differences, false);
                 return differences;
             },
             [](Ptr<Table> const& differences) {

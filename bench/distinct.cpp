@@ -60,7 +60,7 @@ Job selecting(Ptr<Table> const& table, std::vector<std::string> const& names) {
     return job(
         [table, operand = namesTable(names)] {
             Ptr<Table> picked;
-            table->select(operand, picked, false, true, false);
+            (void)table->select(operand, picked, false, true, false);
             return picked;
         },
         tableAnswer);
@@ -143,7 +143,7 @@ void addAppended() {
              return job(
                  [first = tableOf(overlapping(size, 0)), second = tableOf(overlapping(size, 1))] {
                      Ptr<Table> all;
-                     first->append(second, all, true, true);
+                     (void)first->append(second, all, true, true);
                      return all;
                  },
                  tableAnswer);

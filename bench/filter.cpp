@@ -42,7 +42,7 @@ void addFiltered(std::string const& name, char const* column, T Row::*member, Va
         return job(
             [table = tableOnce(size), operand = valuesTable(column, cells), exclude] {
                 Ptr<Table> picked;
-                table->filter(operand, picked, true, exclude);
+                (void)table->filter(operand, picked, true, exclude);
                 return picked;
             },
             [](Ptr<Table> const& picked) { return answerOf(*picked, Order::Any); });

@@ -83,7 +83,7 @@ void addAppend() {
     add({"join/append",
          n / 2,
          byQx([](Table const& table, Ptr<Table const> const& operand, Ptr<Table>& made) {
-             table.append(operand, made, true, false);
+             (void)table.append(operand, made, true, false);
          }),
          {{"sqlite", querying("SELECT * FROM orders UNION ALL SELECT * FROM others")},
           {"json", json},
@@ -116,7 +116,7 @@ void addMerge() {
     add({"join/merge side by side",
          n / 2,
          byQx([](Table const& table, Ptr<Table const> const& operand, Ptr<Table>& made) {
-             table.merge(operand, made, false);
+             (void)table.merge(operand, made, false);
          }),
          {{"sqlite", querying("SELECT a.*, b.* FROM orders a JOIN others b ON b.rowid = a.rowid")},
           {"plain", plain}}});
@@ -166,7 +166,7 @@ void addOverlay() {
         return job(
             [table = tableOnce(size), operand = tableOfPatches(patchesOf(size))] {
                 Ptr<Table> made;
-                table->overlay(operand, made, true, false, false);
+                (void)table->overlay(operand, made, true, false, false);
                 return made;
             },
             tableAnswer);
@@ -204,7 +204,7 @@ void addFill() {
         return job(
             [table = tableOnce(size), operand = valuesTable("state", {Str("open")})] {
                 Ptr<Table> made;
-                table->fill(operand, made, -1);
+                (void)table->fill(operand, made, -1);
                 return made;
             },
             tableAnswer);

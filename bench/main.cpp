@@ -1,4 +1,5 @@
 #include "families.h"
+#include "interlude.h"
 #include "workload.h"
 
 #include <benchmark/benchmark.h>
@@ -74,6 +75,7 @@ public:
 private:
     void measure(benchmark::State& state, Job const& job) {
         for ([[maybe_unused]] auto const& iteration : state) {
+            interlude();
             state.SetIterationTime(job.run(workload_.timed));
         }
         state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(n_));

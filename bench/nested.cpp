@@ -98,7 +98,7 @@ void addComparing() {
              return job(
                  [left = tableOf(treeOf(size)), right = tableOf(treeOf(size, true))] {
                      Ptr<Table> differences;
-                     left->compare(right, differences, false);
+                     (void)left->compare(right, differences, false);
                      return differences;
                  },
                  [](Ptr<Table> const& differences) {

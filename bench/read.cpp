@@ -71,13 +71,13 @@ Prepare fromDatabase(char const* query) {
 
 double numberOf(QX::Cell const& cell) {
     double number = 0;
-    cell.get(number);
+    (void)cell.get(number);
     return number;
 }
 
 double lengthOf(QX::Cell const& cell) {
     Str text;
-    cell.get(text, 0);
+    (void)cell.get(text, 0);
     return static_cast<double>(text.size());
 }
 

@@ -192,11 +192,11 @@ Answer answerOf(Json const& object, Order order) {
 void take(Tally& tally, QX::Cell const& cell) {
     if (cell.isA() == QX::Cell::NumericCell) {
         double number = 0;
-        cell.get(number);
+        (void)cell.get(number);
         tally << number;
     } else {
         Str text;
-        cell.get(text, 0);
+        (void)cell.get(text, 0);
         tally << std::string_view(text.get(), text.size());
     }
 }

@@ -21,7 +21,7 @@ Prepare byQx(std::vector<std::string> const& keys, bool ascending) {
         return job(
             [table = tableOnce(size), operand = namesTable(keys), ascending] {
                 Ptr<Table> sorted;
-                table->sort(operand, sorted, ascending);
+                (void)table->sort(operand, sorted, ascending);
                 return sorted;
             },
             [](Ptr<Table> const& sorted) { return answerOf(*sorted); });

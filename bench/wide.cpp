@@ -98,19 +98,19 @@ void addCombined() {
     add({"wide/merge by name",
          n,
          byQx([](Table const& table, Ptr<Table const> const& operand, Ptr<Table>& made) {
-             table.merge(operand, made, true);
+             (void)table.merge(operand, made, true);
          }),
          {{"json", update}}});
     add({"wide/overlay",
          n,
          byQx([](Table const& table, Ptr<Table const> const& operand, Ptr<Table>& made) {
-             table.overlay(operand, made, false, true, true);
+             (void)table.overlay(operand, made, false, true, true);
          }),
          {{"json", update}}});
     add({"wide/append by name",
          n,
          byQx([](Table const& table, Ptr<Table const> const& operand, Ptr<Table>& made) {
-             table.append(operand, made, false, false);
+             (void)table.append(operand, made, false, false);
          }),
          {{"json", byJson([](Json& made, Json const& operand) {
                for (auto const& [name, values] : operand.items()) {
@@ -125,7 +125,7 @@ void addCombined() {
 std::vector<Str> namesOf(Table const& table) {
     std::vector<Str> names(table.indices());
     for (std::size_t i = 0; i < names.size(); ++i) {
-        table.get(i, 0).get(names[i], 0);
+        (void)table.get(i, 0).get(names[i], 0);
     }
     return names;
 }
@@ -141,7 +141,7 @@ void addPicked() {
              return job(
                  [table = wideTable(0, size), operand = namesTable(names)] {
                      Ptr<Table> picked;
-                     table->select(operand, picked, false, false, false);
+                     (void)table->select(operand, picked, false, false, false);
                      return picked;
                  },
                  tableAnswer);
@@ -156,7 +156,7 @@ void addPicked() {
                      double sum = 0;
                      for (Str const& name : names) {
                          double number = 0;
-                         table->get(name, 1).get(number);
+                         (void)table->get(name, 1).get(number);
                          sum += number;
                      }
                      return sum;
@@ -186,13 +186,13 @@ Prepare turning(bool wide) {
         Ptr<Table> table = tableOf(rowsOf(size));
         if (wide) {
             Ptr<Table> turned;
-            table->transpose(turned);
+            (void)table->transpose(turned);
             table = turned;
         }
         return job(
             [table] {
                 Ptr<Table> turned;
-                table->transpose(turned);
+                (void)table->transpose(turned);
                 return turned;
             },
             [](Ptr<Table> const& turned) { return answerOf(*turned); });

@@ -112,37 +112,6 @@ int highHalf(double number) {
 
 } // namespace
 
-AnalyticDouble validNumber(double number) {
-    AnalyticDouble valid;
-    valid.value = number;
-    valid.valid = true;
-    return valid;
-}
-
-bool equalNumbers(double a, double b) {
-    if (std::fabs(a - b) <= 0) {
-        return true;
-    }
-    if (std::signbit(a) != std::signbit(b)) {
-        return false;
-    }
-    auto const aBits = std::bit_cast<std::int64_t>(a);
-    auto const bBits = std::bit_cast<std::int64_t>(b);
-    return std::abs(aBits - bBits) <= 1;
-}
-
-int truncated(double number) {
-    constexpr int smallest = std::numeric_limits<int>::min();
-    bool const fits = number > smallest && number < -static_cast<double>(smallest);
-    return fits ? static_cast<int>(number) : smallest;
-}
-
-bool isWhole(double number) {
-    double const whole = truncated(number);
-    double const magnitude = std::max(1.0, std::max(std::fabs(number), std::fabs(whole)));
-    return magnitude * std::numeric_limits<double>::epsilon() >= std::fabs(whole - number);
-}
-
 AnalyticDouble readNumber(std::string_view text) {
     if (text.starts_with(exactPrefix)) {
         return readExact(text);
@@ -173,6 +142,12 @@ void appendExact(std::string& text, double number) {
 
 std::ostream& writeExact(std::ostream& os, double number) {
     return os << exactPrefix << ' ' << lowHalf(number) << ' ' << highHalf(number);
+}
+
+Str exactText(double number) {
+    std::string text;
+    appendExact(text, number);
+    return text;
 }
 
 Str fixedText(double number, int precision) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cell/number.h"
 #include "qxbase/analyticdouble.h"
 #include "qxbase/str.h"
 
@@ -8,20 +9,6 @@
 #include <string_view>
 
 namespace QX {
-
-/// `number` as a valid one.
-AnalyticDouble validNumber(double number);
-
-/// True when two numeric cells of these values are equal: equal doubles, doubles of one sign that are
-/// next to each other, or NaNs of one bit pattern.
-bool equalNumbers(double a, double b);
-
-/// `number` truncated toward zero; the smallest int for NaN and for what no int can hold.
-int truncated(double number);
-
-/// True when truncation moves `number` by no more than one machine epsilon relative to its magnitude,
-/// and by no more than one epsilon below 1; so true for infinities, which no subtraction can tell apart.
-bool isWhole(double number);
 
 /// Reads a decimal number, the exact form ("## low high") or a ratio ("[Numeric] a b"), as stream
 /// extraction reads them in the classic locale, with nothing allowed to follow. Not valid when the text
@@ -37,6 +24,9 @@ void appendExact(std::string& text, double number);
 
 /// Writes the exact form with the stream's own integer formatting.
 std::ostream& writeExact(std::ostream& os, double number);
+
+/// The exact form.
+Str exactText(double number);
 
 /// The number with exactly `precision` digits after the point.
 Str fixedText(double number, int precision);

@@ -15,8 +15,10 @@ set(QX_FIND_SIBLINGS "")
 set(QX_PC_REQUIRES "")
 set(QX_PC_LIBS -lqx)
 set(QX_PC_DEFINES "")
+set(QX_PC_IO_DEFINES "")
 if(NOT BUILD_SHARED_LIBS)
     set(QX_PC_DEFINES " -DQX_STATIC")
+    set(QX_PC_IO_DEFINES " -DQXIO_STATIC")
 endif()
 
 foreach(sibling IN ITEMS datetime base) # in the order in which a static library needs them
@@ -53,6 +55,14 @@ install(TARGETS ${installed_targets} EXPORT qxTargets
     LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
     ARCHIVE COMPONENT development
     FILE_SET HEADERS COMPONENT development)
+if(TARGET qxio) # on its own, so that it is found only where it is asked for
+    install(TARGETS qxio EXPORT qxIoTargets
+        RUNTIME COMPONENT runtime
+        LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+        ARCHIVE COMPONENT development
+        FILE_SET HEADERS COMPONENT development)
+    install(EXPORT qxIoTargets NAMESPACE qx:: DESTINATION ${package_dir} COMPONENT development)
+endif()
 install(EXPORT qxTargets NAMESPACE qx:: DESTINATION ${package_dir} COMPONENT development)
 if(qx_gdb_script)
     install(FILES ${qx_gdb_script}
@@ -72,5 +82,40 @@ install(FILES
     COMPONENT development)
 
 configure_file(cmake/qx.pc.in qx.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/qx.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+set(pc_files ${CMAKE_CURRENT_BINARY_DIR}/qx.pc)
+if(TARGET qxio)
+    configure_file(cmake/qxio.pc.in qxio.pc @ONLY)
+    list(APPEND pc_files ${CMAKE_CURRENT_BINARY_DIR}/qxio.pc)
+endif()
+install(FILES ${pc_files} DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
     COMPONENT development)
+
+# The component tool: qxtab, which finds the libraries wherever the tree is installed, with what shells and man
+# know of it. Man pages are installed as Debian wants them, compressed without a time.
+if(TARGET qxtab)
+    file(RELATIVE_PATH to_libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+    set_target_properties(qxtab PROPERTIES INSTALL_RPATH $ORIGIN/${to_libraries})
+    install(TARGETS qxtab RUNTIME COMPONENT tool)
+endif()
+if(TARGET qxtab AND UNIX)
+    set(qxtab_source ${PROJECT_SOURCE_DIR}/examples/qxtab)
+    find_program(QX_GZIP gzip)
+    if(QX_GZIP)
+        set(page ${CMAKE_CURRENT_BINARY_DIR}/qxtab.1.gz)
+        add_custom_command(OUTPUT ${page}
+            COMMAND sh -c "'${QX_GZIP}' -9nc '${qxtab_source}/qxtab.1' >'${page}'"
+            DEPENDS ${qxtab_source}/qxtab.1 VERBATIM)
+        add_custom_target(qxtab_page ALL DEPENDS ${page})
+    else()
+        set(page ${qxtab_source}/qxtab.1)
+    endif()
+    install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
+    install(FILES ${qxtab_source}/qxtab.bash RENAME qxtab OPTIONAL
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tool)
+    install(FILES ${qxtab_source}/_qxtab OPTIONAL
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT tool)
+endif()
+
+if(QX_BUILD_MANUAL)
+    install(DIRECTORY ${PROJECT_BINARY_DIR}/html DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT manual)
+endif()

@@ -10,8 +10,37 @@ function(qx_configure target)
     if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
         target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
         if(QX_WERROR)
-            target_compile_options(${target} PRIVATE -Werror)
+            target_compile_options(${target} PRIVATE -Werror -Wno-error=unused-result)
         endif()
+    endif()
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        # A plug-in with one of g++'s unique symbols in it would never be unloaded.
+        target_compile_options(${target} PRIVATE -fno-gnu-unique)
+    endif()
+    if(QX_HARDEN)
+        qx_harden(${target})
+    endif()
+endfunction()
+
+# Guards `target` against the exploitation of faults: checks of the stack, of the standard C functions' buffers and of
+# where returns and indirect calls lead; nothing that the loader fills in can be written afterwards. scripts/hardened
+# tells whether all of it is in a binary.
+#
+# Debian 12's start-up files are not made for checked indirect calls, so that the linker can't say of the whole that
+# it is; of checked returns (the shadow stack) they need to know nothing, so that it may.
+function(qx_harden target)
+    set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    target_compile_options(${target} PRIVATE
+        -fstack-protector-strong
+        -fstack-clash-protection
+        $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
+        $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>) # takes an optimised build
+    target_link_options(${target} PRIVATE LINKER:-z,relro LINKER:-z,now)
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i.86)$")
+        target_compile_options(${target} PRIVATE -fcf-protection)
+        target_link_options(${target} PRIVATE LINKER:-z,shstk)
+    elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "^(aarch64|arm64)$")
+        target_compile_options(${target} PRIVATE -mbranch-protection=standard)
     endif()
 endfunction()
 
@@ -39,20 +68,5 @@ function(qx_library target static_macro)
         set_target_properties(${target} PROPERTIES PREFIX "")
     elseif(NOT APPLE)
         qx_export_own_names(${target})
-    endif()
-endfunction()
-
-# Brings in a sibling library: a target that the including project made, a package, or the stand-in.
-function(qx_sibling target package directory)
-    if(TARGET ${target})
-        return()
-    endif()
-    if(package)
-        find_package(${package} CONFIG REQUIRED)
-        if(NOT TARGET ${target})
-            message(FATAL_ERROR "The package ${package} does not provide ${target}")
-        endif()
-    else()
-        add_subdirectory(${directory})
     endif()
 endfunction()

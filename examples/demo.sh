@@ -11,15 +11,9 @@ show() {
 
 show 'qxtab show examples/data/moons-2013.csv'
 echo
-show 'qxtab show examples/data/moons-2023.csv'
+show "qxtab filter 'moons > 1 and kind = \"planet\"' then top -n 2 --by radius_km --as csv examples/data/moons-2023.csv"
 echo
-show 'qxtab sort --by moons --descending --head 3 examples/data/moons-2023.csv'
+show 'qxtab group --by kind --count --sum moons --max radius_km examples/data/moons-2023.csv'
 echo
-show "qxtab filter --where 'kind=dwarf planet' --as csv examples/data/moons-2023.csv"
-echo
-show "qxtab filter --where moons=1 examples/data/moons-2023.csv --as csv | qxtab select --columns body,largest_moon=moon -"
-echo
-show 'qxtab compare examples/data/moons-2013.csv examples/data/moons-2023.csv' ||
+show 'qxtab compare --by body examples/data/moons-2013.csv examples/data/moons-2023.csv' ||
     [ $? -eq 1 ] # something differs
-echo
-show "qxtab get examples/data/moons-2023.csv '/moons[4]'"

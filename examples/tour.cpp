@@ -31,6 +31,15 @@ void show(char const* title, Ptr<Table> const& table) {
     table->display(std::cout);
 }
 
+/// Prints the result of an operation, or why there is none.
+void show(char const* title, Status const& status, Ptr<Table> const& result) {
+    if (status.ok()) {
+        show(title, result);
+    } else {
+        std::cout << "\n" << title << " " << status << "\n";
+    }
+}
+
 /// Values deep inside nested tables are reached, and made, by path.
 void nest(Ptr<Table> const& stock) {
     Table farm("farm");
@@ -42,9 +51,9 @@ void nest(Ptr<Table> const& stock) {
 
 /// Attributes say something about a table without being part of it.
 void describe(Ptr<Table> const& stock) {
-    stock->setAttribute("source/counted", Cell(Str("2026-09-30")));
+    (void)stock->setAttribute("source/counted", Cell(Str("2026-09-30"))); // Ok, or it raises
     Cell counted;
-    stock->getAttribute("source/counted", counted);
+    (void)stock->getAttribute("source/counted", counted); // always Ok
     QX::Date date;
     Status const readable = counted.get(date);
     std::cout << "counted on: " << counted << (readable.ok() ? ", a date" : ", no date") << "\n";
@@ -55,39 +64,39 @@ void operate(Ptr<Table> const& before, Ptr<Table> const& after) {
     Ptr<Table> key(new Table);
     key->at("fruit", 0); // an index with a name and no other item
     Ptr<Table> result;
-    before->sort(key, result, true);
-    show("Sorted by fruit:", result);
+    Status status = before->sort(key, result, true);
+    show("Sorted by fruit:", status, result);
 
     Ptr<Table> condition(new Table);
     condition->at("fruit", 1) = Cell(Str("pear"));
-    after->filter(condition, result, false, false);
-    show("Only the pears:", result);
+    status = after->filter(condition, result, false, false);
+    show("Only the pears:", status, result);
 
-    before->append(after, result, true, true);
-    show("Both counts, no row twice:", result);
+    status = before->append(after, result, true, true);
+    show("Both counts, no row twice:", status, result);
 
-    before->compare(after, result, false);
-    show("What has changed:", result);
+    status = before->compare(after, result, false);
+    show("What has changed:", status, result);
 
     Ptr<Table> numbers;
-    before->makeTemplate(after, numbers);
-    after->operation(before, "-", numbers, result);
-    show("By how much:", result);
-
     double total = 0;
-    after->unaryOperation("+", numbers, total);
+    if (before->makeTemplate(after, numbers).ok()) {
+        status = after->operation(before, "-", numbers, result);
+        show("By how much:", status, result);
+        status = after->unaryOperation("+", numbers, total);
+    }
     std::cout << "\nAll crates: " << total << "\n";
 }
 
 /// Ordinary failures come back as a Status; a broken precondition raises Except.
 void fail(Ptr<Table> const& stock, QX::Log& log) {
     int crates = 0;
-    Status const whole = stock->get("crates", 1).get(crates);
+    Status whole = stock->get("crates", 1).get(crates);
     std::cout << "\n12.5 as an int: " << crates << ", " << whole.message(false) << "\n";
     log.send(whole.message(false), QX::Log::Warning);
     try {
         Ptr<Table> result;
-        stock->append(Ptr<Table>(), result, false, false);
+        whole = stock->append(Ptr<Table>(), result, false, false);
     } catch (QX::Except const& e) {
         std::cout << "append: " << e.report().message(false) << "\n";
         log.send(e, QX::Log::Error);

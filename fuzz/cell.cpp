@@ -1,8 +1,8 @@
 // Text to cell and back, and what holds for any two cells.
 
-#include "cell/cellkeys.h"
 #include "fuzz/bytes.h"
 #include "fuzz/require.h"
+#include "table/rows/matchkeys.h"
 
 #include <qx/qx.h>
 
@@ -19,15 +19,15 @@ std::string string(Str const& text) {
     return {text.data(), text.size()};
 }
 
-std::string textOf(Cell const& cell, int precision = 0) {
+std::string textIn(Cell const& cell, int precision = 0) {
     Str text;
-    cell.get(text, precision);
+    (void)cell.get(text, precision);
     return string(text);
 }
 
-double numberOf(Cell const& cell) {
+double numberIn(Cell const& cell) {
     double number = 0;
-    cell.get(number);
+    (void)cell.get(number);
     return number;
 }
 
@@ -72,36 +72,36 @@ AnalyticDouble extractedNumber(std::string const& text) {
 void checkReading(Cell const& cell, std::string const& text) {
     AnalyticDouble const number = extractedNumber(text);
     require((cell.isA() == Cell::NumericCell) == number.valid, "a text that reads as a number", text);
-    require(!number.valid || same(numberOf(cell), number.value), "the number that a text reads as",
+    require(!number.valid || same(numberIn(cell), number.value), "the number that a text reads as",
             text);
-    require(cell.isA() != Cell::StringCell || textOf(cell) == text, "a text stays what it was", text);
+    require(cell.isA() != Cell::StringCell || textIn(cell) == text, "a text stays what it was", text);
     require(cell.isA() != Cell::EmptyCell || text == "[Empty]", "the text of an empty cell", text);
 }
 
 void checkBack(Cell const& cell) {
     std::string const shown = displayed(cell);
     Cell const again{Str(shown)};
-    Cell const fromText{Str(textOf(cell))};
+    Cell const fromText{Str(textIn(cell))};
     switch (cell.isA()) {
     case Cell::EmptyCell:
         require(again.isA() == Cell::EmptyCell, "an empty cell reads back");
         break;
     case Cell::StringCell:
-        require(again.isA() == Cell::StringCell && textOf(again) == textOf(cell), "a text reads back");
+        require(again.isA() == Cell::StringCell && textIn(again) == textIn(cell), "a text reads back");
         break;
     case Cell::NumericCell:
-        if (!std::isinf(numberOf(cell))) {
+        if (!std::isinf(numberIn(cell))) {
             require(again.compare(cell, false), "a number reads back from its printed form", shown);
         }
-        if (std::isfinite(numberOf(cell))) {
-            require(same(numberOf(fromText), numberOf(cell)), "a number reads back from its text",
+        if (std::isfinite(numberIn(cell))) {
+            require(same(numberIn(fromText), numberIn(cell)), "a number reads back from its text",
                     shown);
-            require(Cell(Str(textOf(cell, -1))).compare(cell, false), "the exact text", shown);
+            require(Cell(Str(textIn(cell, -1))).compare(cell, false), "the exact text", shown);
         }
         break;
     case Cell::ErrorCell:
         require(shown.empty() && fromText.isA() == Cell::ErrorCell, "an error reads back");
-        require(textOf(fromText) == textOf(cell), "the text of an error");
+        require(textIn(fromText) == textIn(cell), "the text of an error");
         break;
     case Cell::TableCell:
         require(false, "no text is a table");
@@ -135,10 +135,15 @@ void checkConversions(Cell const& cell, int precision) {
     require(!cell.get(table).ok() && !cell.get(constTable).ok() && !table, "no table");
 }
 
+/// True when a cell that is filed under its keys is found by those of another.
 bool shareKey(Cell const& filed, Cell const& sought) {
-    CellKeys const of = keysOf(filed);
-    CellKeys const for_ = keysFor(sought);
-    return std::find_first_of(of.begin(), of.end(), for_.begin(), for_.end()) != of.end();
+    MatchHash const hash(1, 2);
+    bool shared = false;
+    forEachKeyOf(hash, filed, {}, [&](MatchKey const& of) {
+        forEachKeyFor(hash, sought, {},
+                      [&](MatchKey const& by) { shared |= of == by && of.hash == by.hash; });
+    });
+    return shared;
 }
 
 void checkPair(Cell const& a, Cell const& b) {
@@ -150,10 +155,10 @@ void checkPair(Cell const& a, Cell const& b) {
     require(a.isA() != Cell::EmptyCell || a < b, "an empty cell is before all");
     require(a.isA() != Cell::ErrorCell || !(a < b), "an error is before nothing");
     bool const numbers = a.isA() == Cell::NumericCell && b.isA() == Cell::NumericCell;
-    require(!numbers || (a < b) == (numberOf(a) < numberOf(b)), "the order of numbers");
+    require(!numbers || (a < b) == (numberIn(a) < numberIn(b)), "the order of numbers");
     bool const texts = a.isA() == Cell::StringCell && b.isA() == Cell::StringCell;
-    require(!texts || (a < b) == (textOf(a) < textOf(b)), "the order of texts");
-    require(!texts || equal == (textOf(a) == textOf(b)), "the equality of texts");
+    require(!texts || (a < b) == (textIn(a) < textIn(b)), "the order of texts");
+    require(!texts || equal == (textIn(a) == textIn(b)), "the equality of texts");
     bool const valued = a.isA() != Cell::EmptyCell && a.isA() != Cell::ErrorCell &&
                         b.isA() != Cell::EmptyCell && b.isA() != Cell::ErrorCell;
     require(!valued || equal == b.compare(a, false), "numbers and texts equal each other both ways");

@@ -81,7 +81,7 @@ private:
     }
     double formerNumber() {
         double number = 0;
-        formerCell().get(number);
+        (void)formerCell().get(number);
         return number;
     }
     std::size_t formerReach() const { return former_.size() < 256 ? former_.size() : 256; }
@@ -109,7 +109,7 @@ private:
     /// The nested table of a cell made before: the same, another handle to its data, or one without any.
     Cell tableAgain() {
         Ptr<Table> table;
-        formerCell().get(table);
+        (void)formerCell().get(table);
         if (!table) {
             return {Ptr<Table>(new Table(Ptr<TableImplementation>()))};
         }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "table/src/tableimpl.h"
+#include "cell/view.h"
+#include "table/model/bodies.h"
 
 #include <qx/qx.h>
 
@@ -24,7 +25,7 @@ public:
 
 private:
     void walk(Table const& table) {
-        TableImplementation const* const body = &TableImplementation::of(table);
+        TableImplementation const* const body = &bodyOf(table);
         if (std::find(path_.begin(), path_.end(), body) != path_.end()) {
             return;
         }
@@ -34,14 +35,14 @@ private:
         path_.pop_back();
     }
     void walkCells(Table const& table) {
-        TableImplementation const& body = TableImplementation::of(table);
+        TableImplementation const& body = bodyOf(table);
         for (std::size_t i = 0; i < body.indices(); ++i) {
-            for (std::size_t j = 0; j < body.length(i); ++j) {
+            for (std::size_t j = 0; j < body.columns()[i].size(); ++j) {
                 if (cells_ > limit_) {
                     return;
                 }
                 ++cells_;
-                if (Ptr<Table> const nested = tableOf(body.get(i, j))) {
+                if (Table const* const nested = nestedIn(body.get(i, j))) {
                     walk(*nested);
                 }
             }

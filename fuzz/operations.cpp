@@ -33,7 +33,7 @@ public:
     ~Stream() {
         for (Ptr<Table> const& table : all_) {
             for (std::size_t i = 0; i < table->indices(); ++i) {
-                for (std::size_t j = 0; j < TableImplementation::of(*table).length(i); ++j) {
+                for (std::size_t j = 0; j < bodyOf(*table).columns()[i].size(); ++j) {
                     table->at(i, j) = Cell();
                 }
             }
@@ -103,7 +103,7 @@ private:
             table->atXPath(path(), bytes_.flip());
             break;
         case 4:
-            table->setAttribute(path(), Cell(any()));
+            (void)table->setAttribute(path(), Cell(any()));
             break;
         case 5:
             table->setAttributes(any());

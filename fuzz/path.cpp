@@ -71,12 +71,12 @@ std::optional<std::vector<Cell>> reached(Ptr<Table> const& table, Str const& pat
         }
         std::vector<Cell> values;
         for (Cell const& cell : cells) {
-            Ptr<Table const> const from = tableOf(cell);
-            std::size_t const items = from ? from->items(0) : 0;
+            Table const* const from = nestedIn(cell);
+            std::size_t const items = from != nullptr ? from->items(0) : 0;
             for (std::size_t k = 1; item == Table::npos && k < items; ++k) {
                 values.push_back(from->get(name, k));
             }
-            if (from && item != Table::npos) {
+            if (from != nullptr && item != Table::npos) {
                 values.push_back(from->get(name, item));
             }
         }

@@ -37,7 +37,7 @@ Str LibraryBase::interfaces() const {
     Str listing;
     for (int const number : interfaces_) {
         Str text;
-        Cell(double(number)).get(text, 0);
+        (void)Cell(double(number)).get(text, 0);
         listing += text + " ";
     }
     return listing;

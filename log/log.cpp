@@ -1,12 +1,9 @@
 #include "qx/log.h"
 
+#include "log/logfile.h"
 #include "qxdatetime/datetime.h"
 
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <memory>
-#include <string>
 #include <string_view>
 #include <utility>
 
@@ -18,19 +15,15 @@ constexpr std::string_view line =
     "========================================================================================";
 static_assert(line.size() == 88);
 
-std::unique_ptr<std::ostream> openFile(Str const& fileName) {
-    auto file = std::make_unique<std::ofstream>();
-    std::u8string const name(fileName.data(), fileName.data() + fileName.size());
-    if (name.find(u8'\0') == std::u8string::npos) {
-        file->open(std::filesystem::path(name));
-    } else {
-        file->setstate(std::ios::failbit); // the system would replace the file of the name's first part
+/// Lets a stream that has failed be written to again: the disk may have been full for a moment.
+void revive(std::ostream& stream) {
+    if (!stream.good()) {
+        stream.clear();
     }
-    return file;
 }
 
-/// Writes what ends its own line. A line that is cut short, for want of memory, is ended all the same:
-/// the next message begins on a line of its own.
+/// Writes what ends its own line, and flushes it, since it may be the last before a crash. A line that is
+/// cut short, for want of memory, is ended all the same: the next message begins on a line of its own.
 template <typename Write>
 void endingLine(std::ostream& stream, Write const& write) {
     try {
@@ -39,6 +32,7 @@ void endingLine(std::ostream& stream, Write const& write) {
         stream << std::endl;
         throw;
     }
+    stream.flush();
 }
 
 } // namespace
@@ -51,12 +45,31 @@ Log::Log(Log const& other)
       timeDisplay_(other.timeDisplay_) {
 }
 
+Log::Log(Log&& other) noexcept
+    : name_(std::move(other.name_)), level_(other.level_),
+      stream_(std::exchange(other.stream_, nullptr)), owns_(std::exchange(other.owns_, false)),
+      dateDisplay_(other.dateDisplay_), timeDisplay_(other.timeDisplay_) {
+}
+
 Log& Log::operator=(Log const& other) {
     name_ = other.name_;
     level_ = other.level_;
     setStream(other.stream_, owns_ && stream_ == other.stream_);
     dateDisplay_ = other.dateDisplay_;
     timeDisplay_ = other.timeDisplay_;
+    return *this;
+}
+
+Log& Log::operator=(Log&& other) noexcept {
+    if (this != &other) {
+        name_ = std::move(other.name_);
+        level_ = other.level_;
+        setStream(other.stream_, other.owns_ || (owns_ && stream_ == other.stream_));
+        other.stream_ = nullptr;
+        other.owns_ = false;
+        dateDisplay_ = other.dateDisplay_;
+        timeDisplay_ = other.timeDisplay_;
+    }
     return *this;
 }
 
@@ -102,8 +115,13 @@ void Log::setStream(std::ostream* stream, bool owns) {
 
 void Log::setStream(Str const& fileName) {
     send(Str("Switching log to ") + fileName, level_);
-    setStream(openFile(fileName).release(), true);
+    std::ostream const* const former = owns_ ? stream_ : nullptr;
+    setStream(new LogFile(fileName, former), true);
     report();
+}
+
+bool Log::good() const {
+    return stream_ != nullptr && stream_->good();
 }
 
 void Log::send(Str const& text, LogLevel level) {
@@ -126,6 +144,7 @@ void Log::send(Except const& e, LogLevel level) {
 
 void Log::banner() {
     if (stream_ != nullptr) {
+        revive(*stream_);
         *stream_ << line << std::endl;
     }
 }
@@ -142,11 +161,12 @@ bool Log::prefix(LogLevel level) {
         return false;
     }
     DateTime now;
-    now.now();
+    (void)now.now();
     // All texts are made first, so that no part of the prefix is written when memory runs out.
     Str const date = dateDisplay_ ? now.getDate("dd:mmm:yyyy") : Str();
     Str const time = timeDisplay_ ? now.getTime("hh:mm:ss") : Str();
     Str const number = Str::asString(int(level));
+    revive(*stream_);
     if (dateDisplay_) {
         *stream_ << date << ' ';
     }

@@ -6,13 +6,13 @@ logs=build/logs
 jobs=$(nproc 2>/dev/null || echo 2)
 
 # What the library and the example programs are built with.
-build_packages=(cmake=cmake g++=g++ ninja-build=ninja libcli11-dev libcsv-dev nlohmann-json3-dev)
+build_packages=(cmake=cmake g++=g++ ninja-build=ninja rapidjson-dev zlib1g-dev)
 
 # What every build is configured with besides its preset.
 build_options=()
 
 # What the benchmarks are built with besides.
-bench_packages=(libbenchmark-dev libsqlite3-dev libpugixml-dev)
+bench_packages=(libbenchmark-dev libsqlite3-dev libpugixml-dev nlohmann-json3-dev)
 
 # Quits with a message.
 die() {
@@ -73,27 +73,6 @@ install_packages() {
     export DEBIAN_FRONTEND=noninteractive
     apt-get -o DPkg::Lock::Timeout=300 update
     apt-get -o DPkg::Lock::Timeout=300 install -y --no-install-recommends "$@"
-}
-
-# Unpacks the source of a Debian package into build/sources/NAME. The machine's own lists need not name any
-# sources, so apt gets lists of its own.
-fetch_source() {
-    local package=$1 target=$PWD/build/sources/$1 work=$PWD/build/sources/apt site
-    if [ -d "$target" ]; then
-        return
-    fi
-    rm -rf "$work"
-    mkdir -p "$work/lists/partial"
-    site=$(apt-get indextargets --format '$(SITE) $(CODENAME)' 'Created-By: Packages' 'Component: main' |
-        grep -v -e security -e updates | head -n 1)
-    echo "deb-src ${site:-http://deb.debian.org/debian bookworm} main" >"$work/sources.list"
-    local apt=(apt-get -o "Dir::Etc::sourcelist=$work/sources.list" -o Dir::Etc::sourceparts=-
-        -o "Dir::State::lists=$work/lists" -o APT::Sandbox::User=root)
-    "${apt[@]}" update
-    (cd "$work" && "${apt[@]}" source --download-only "$package")
-    mkdir -p "$target.part"
-    tar -xf "$work/$package"_*.orig.tar.* --strip-components=1 -C "$target.part"
-    mv "$target.part" "$target"
 }
 
 # For systems without Debian's packages: stops if a command is missing; a library shows only in the build.

@@ -30,7 +30,7 @@ TEST(TableAppend, AddsRowsBelow) {
 TEST(TableAppend, NamesAnAddedIndexByItsText) {
     Ptr<Table> const lower = brief("2 1", "u");
     Ptr<Table> result;
-    brief("")->append(lower, result, true, false);
+    (void)brief("")->append(lower, result, true, false);
     EXPECT_NE(&result->get(0, 0), &lower->get(0, 0));
     EXPECT_EQ(result->get(0, 0).isA(), Cell::NumericCell);
 }

@@ -61,6 +61,10 @@ TEST(CellOrder, NumbersEqualTheirNeighbours) {
         inf = inf   inf > -inf   nan = nan   nan ~ -nan   nan ~ 1   nan ~ inf
         ?5 = 5   4 < ?5
     )");
+    Cell const nextToInfinity("## 1 2146435072"); // the NaN with the smallest bits
+    EXPECT_TRUE(nextToInfinity.compare(Cell(INFINITY), false));
+    EXPECT_TRUE(nextToInfinity.compare(Cell("## 2 2146435072"), false));
+    EXPECT_FALSE(nextToInfinity.compare(Cell("## 3 2146435072"), false));
 }
 
 TEST(CellOrder, DatesJoinTextsAndNumbers) {

@@ -1,6 +1,7 @@
 #include "brief.h"
 
 #include <iomanip>
+#include <locale>
 
 namespace QX {
 namespace {
@@ -39,6 +40,35 @@ TEST(CellDisplay, PrintedNumbersReadBack) {
     }
     EXPECT_EQ(Cell(Str(printed(Cell()))).isA(), Cell::EmptyCell);
     EXPECT_TRUE(Cell(Str(printed(Cell(NAN)))).compare(Cell(NAN), false));
+}
+
+struct German : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(CellDisplay, WhatOtherFormatsAndTinyNumbersPrintDoesNotReadBack) {
+    Cell const tiny(1.054571817646156e-34); // counts as whole
+    Cell const half(12.5);
+    auto const readsBack = [](Cell const& cell, auto const& format) {
+        std::ostringstream os;
+        format(os);
+        os << cell;
+        return Cell(Str(os.str())).compare(cell, false);
+    };
+    EXPECT_EQ(printed(tiny), "1.05457e-34");
+    EXPECT_FALSE(readsBack(tiny, [](std::ostream& os) { os << std::setprecision(10); }));
+    EXPECT_TRUE(readsBack(tiny, [](std::ostream& os) { os << std::setprecision(17); }));
+    EXPECT_TRUE(readsBack(half, [](std::ostream& os) { os << std::fixed << std::showpos; }));
+    EXPECT_FALSE(readsBack(half, [](std::ostream& os) { os << std::hex; }));
+    EXPECT_FALSE(readsBack(Cell("word"), [](std::ostream& os) { os << std::setw(9); }));
+    auto const german = [](std::ostream& os) {
+        os.imbue(std::locale(std::locale::classic(), new German));
+    };
+    EXPECT_FALSE(readsBack(half, german));
+    EXPECT_FALSE(readsBack(Cell(1234), german));
+    EXPECT_EQ(Cell(Str(printed(Cell(AnalyticDouble())))).isA(), Cell::StringCell);
 }
 
 TEST(CellDisplay, FollowsTheStreamsFormatting) {

@@ -78,6 +78,15 @@ TEST(Cell, KindAndEmptinessFollowTheConstructor) {
     }
 }
 
+TEST(Cell, IsMadeOfIntegersButOfNoCharacterOrKind) {
+    static_assert(!std::is_constructible_v<Cell, char> && !std::is_convertible_v<wchar_t, Cell>);
+    static_assert(!std::is_constructible_v<Cell, Cell::CellType>);
+    static_assert(std::is_convertible_v<unsigned char, Cell> && std::is_convertible_v<long, Cell>);
+    bool truth = false;
+    EXPECT_TRUE(Cell(true).get(truth).ok());
+    EXPECT_TRUE(truth);
+}
+
 TEST(Cell, NullTableHandlesGiveATableOfTheirOwn) {
     Ptr<Table const> const bodiless(new Table(Ptr<TableImplementation>()));
     for (Cell const& cell : {Cell(Ptr<Table>()), Cell(Ptr<Table const>()), Cell(bodiless)}) {

@@ -49,7 +49,7 @@ TEST(TableCompare, ListsDifferences) {
         EXPECT_EQ(brief(row[0])->match(brief(row[1]), false), row[2].empty());
     }
     Ptr<Table> result;
-    brief("x 1")->compare(brief("x 2"), result, false);
+    (void)brief("x 1")->compare(brief("x 2"), result, false);
     EXPECT_EQ(brief(*result), "Xpath /x[1] | Left 1 | Right 2");
 }
 

@@ -102,13 +102,13 @@ TEST(Depth, OperationsGoToAnyDepth) {
         {"operation",
          [](Ptr<Table> const& t, int depth) {
              Ptr<Table> result;
-             t->operation(t, "+", chain(depth, "- %D"), result);
+             (void)t->operation(t, "+", chain(depth, "- %D"), result);
              return result;
          }},
         {"unaryOperation",
          [](Ptr<Table> const& t, int depth) {
              double total = 0;
-             t->unaryOperation("+", chain(depth, "- %D"), total);
+             (void)t->unaryOperation("+", chain(depth, "- %D"), total);
              return single(total);
          }},
         {"check", [](Ptr<Table> const& t, int) { return single(t->check()); }},
@@ -143,7 +143,7 @@ TEST(Depth, PathsDifferencesAndDisplaysGoToAnyDepth) {
         Ptr<Table> const right = chain(levels, "a 8");
         EXPECT_FALSE(left->match(right, false));
         Ptr<Table> result;
-        left->compare(right, result, false);
+        (void)left->compare(right, result, false);
         EXPECT_TRUE(text(result->get(0, 1)) == path + "/a[1]");
         EXPECT_EQ(text(result->get(1, 1)) + text(result->get(2, 1)), "78");
         EXPECT_TRUE(shown(*left) == expected);
@@ -157,9 +157,9 @@ TEST(Depth, PathsMakeChainsOfTables) {
     }
     onSmallStack([&path] {
         Table attributed;
-        attributed.setAttribute(Str(path + "end"), Cell(7));
+        (void)attributed.setAttribute(Str(path + "end"), Cell(7));
         Cell value;
-        attributed.getAttribute(Str(path + "end"), value);
+        (void)attributed.getAttribute(Str(path + "end"), value);
         EXPECT_EQ(text(value), "7");
     });
 }
@@ -176,7 +176,7 @@ TEST(Depth, ChainsOfEverySortAreCopiedAndReleased) {
         for (int i = 0; i < levels; ++i) {
             Ptr<Table> const outer(i % 3 == 0 ? new Derived : new Table("n"));
             if (i % 2 == 0) {
-                outer->setAttribute("a", Cell(chain));
+                (void)outer->setAttribute("a", Cell(chain));
             } else {
                 outer->at(1, 2) = Cell(Ptr<Table>(new Table(*chain)));
             }
@@ -186,7 +186,7 @@ TEST(Depth, ChainsOfEverySortAreCopiedAndReleased) {
         for (int i = levels; i-- > 0;) {
             Cell inner = chain->get(1, 2);
             if (i % 2 == 0) {
-                chain->getAttribute("a", inner);
+                (void)chain->getAttribute("a", inner);
             }
             chain = nested(inner);
             ASSERT_TRUE(chain);
@@ -215,7 +215,7 @@ public:
             } else if (word == "|") {
                 ++i;
             } else if (word.front() == '^') {
-                tables_[k]->setAttribute("a", Cell(tables_[std::stoul(word.substr(1))]));
+                (void)tables_[k]->setAttribute("a", Cell(tables_[std::stoul(word.substr(1))]));
             } else {
                 Table& table = *tables_[k];
                 Cell const cell = word.front() == '@' ? Cell(tables_[std::stoul(word.substr(1))])
@@ -280,7 +280,7 @@ private:
             return form(name == "cell" ? *nested(Cell(Operand(t[0]))) : *t[0]->clone(), 2);
         }
         if (name == "unary") {
-            t[0]->unaryOperation("+", t[1], total);
+            (void)t[0]->unaryOperation("+", t[1], total);
             return std::to_string(static_cast<int>(total));
         }
         Status const status = name == "operation" ? t[0]->operation(t[1], "+", t[2], result)
@@ -357,26 +357,86 @@ TEST(SelfContaining, DerivedTablesRaiseBeforeTheirCallsFillTheStack) {
     });
 }
 
+/// A table that holds the next one twice, sixty levels deep.
+Ptr<Table> doubled(char const* leaf) {
+    Ptr<Table> table = brief(leaf);
+    for (int i = 0; i < 60; ++i) {
+        Ptr<Table> const outer = brief("a");
+        outer->at(0, 1) = outer->at(0, 2) = Cell(table);
+        table = outer;
+    }
+    return table;
+}
+
 TEST(Sharing, ManyWaysToATableTakeNoTime) {
-    auto const doubled = [](char const* leaf) {
-        Ptr<Table> table = brief(leaf);
-        for (int i = 0; i < 60; ++i) {
-            Ptr<Table> const outer = brief("a");
-            outer->at(0, 1) = outer->at(0, 2) = Cell(table);
-            table = outer;
-        }
-        return table;
-    };
     Ptr<Table> const left = doubled("a 1 5");
     EXPECT_TRUE(left->check());
     EXPECT_TRUE(left->match(doubled("a 1 5"), false));
     EXPECT_FALSE(left->match(doubled("a 1 6"), false));
     Ptr<Table> result;
-    left->compare(doubled("a 1 5"), result, false);
+    (void)left->compare(doubled("a 1 5"), result, false);
     EXPECT_EQ(result->indices(), 0U);
     double total = 0;
-    left->unaryOperation("+", doubled("- %D -"), total);
+    (void)left->unaryOperation("+", doubled("- %D -"), total);
     EXPECT_EQ(total, 0x1p60);
+    std::string path;
+    for (int i = 0; i < 60; ++i) {
+        path += "a/";
+    }
+    EXPECT_EQ(brief(left->atXPath(Str(path + "a"), Cell())), "1");
+    EXPECT_EQ(brief(left->atXPath(Str(path + "b[7]"), Cell())), "-");
+    EXPECT_EQ(brief(doubled("")->atXPath(Str(path + "a"), Cell())), "-") << "each leads nowhere";
+    Table described;
+    described.setAttributes(left);
+    Cell value;
+    (void)described.getAttribute(Str(path + "a"), value);
+    EXPECT_EQ(brief(value), "1");
+}
+
+/// Restores the limit that a test has changed.
+struct RepeatLimit {
+    explicit RepeatLimit(std::size_t limit) { Table::setRepeatLimit(limit); }
+    RepeatLimit(RepeatLimit const&) = delete;
+    RepeatLimit& operator=(RepeatLimit const&) = delete;
+    ~RepeatLimit() { Table::setRepeatLimit(former); }
+
+    std::size_t former = Table::repeatLimit();
+};
+
+TEST(Sharing, WhatRepeatsEachWayEndsAtALimit) {
+    RepeatLimit const limit(1000);
+    Ptr<Table> const t = doubled("a 1 5");
+    Ptr<Table> const other = doubled("a 1 6");
+    Ptr<Table> const templ = doubled("- %D -");
+    Ptr<Table> result;
+    std::ostringstream os;
+    std::pair<char const*, std::function<void()>> const calls[] = {
+        {"clone", [&] { t->clone(); }},
+        {"cell of a table const", [&] { Cell const cell{Ptr<Table const>(t)}; }},
+        {"display", [&] { t->display(os); }},
+        {"compare", [&] { (void)t->compare(other, result, false); }},
+        {"overlay", [&] { (void)t->overlay(other, result, false, false, true); }},
+        {"operation", [&] { (void)t->operation(other, "+", templ, result); }},
+        {"makeTemplate", [&] { (void)t->makeTemplate(other, result); }},
+        {"append", [&] { (void)t->append(other, result, true, true); }},
+        {"XPath", [&] { (void)t->XPath("a/a/a/a/a/a/a/a/a/a/a/a/a/a/a", result); }},
+        {"atXPath", [&] { t->atXPath("a/a/a/a/a/a/a/a/a/a/a/a/a/a/a", true) = Cell(1); }},
+    };
+    for (auto const& [name, call] : calls) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(raised(call), "Nested tables repeat too often");
+    }
+    EXPECT_TRUE(t->match(doubled("a 1 5"), false)) << "inputs are as before";
+}
+
+TEST(Sharing, ManyCellsOfOneTableAreNoRepeats) {
+    RepeatLimit const limit(1000);
+    Ptr<Table> const t = brief("a");
+    Ptr<Table> const leaf = brief("b 1");
+    for (int i = 0; i < 5000; ++i) {
+        t->at(0, Table::npos) = Cell(leaf);
+    }
+    EXPECT_TRUE(t->clone()->match(t, false));
 }
 
 } // namespace

@@ -154,5 +154,43 @@ TEST(TableDisplay, FlushesEachLine) {
     EXPECT_EQ(buffer.flushes, 3);
 }
 
+/// A stream that adds to a table whenever something is written to it, and overwrites what it shows.
+class Meddler final : public std::stringbuf {
+public:
+    explicit Meddler(Ptr<Table> table) : table_(std::move(table)) {}
+
+protected:
+    std::streamsize xsputn(char const* bytes, std::streamsize count) override {
+        meddle(count);
+        return std::stringbuf::xsputn(bytes, count);
+    }
+
+private:
+    void meddle(std::streamsize count) {
+        if (table_->indices() < 40) {
+            table_->at(Table::npos, 3) = Cell("more");
+            table_->at(0, Table::npos) = Cell("more");
+        }
+        if (count > 5000) {
+            table_->at(0, 1) = Cell("gone"); // while its long text is written
+        }
+    }
+
+    Ptr<Table> table_;
+};
+
+TEST(TableDisplay, StreamMayAddToTheTable) {
+    for (bool const plain : {true, false}) {
+        Ptr<Table> const t = brief("a 1 2 {b 3 } | c 4");
+        t->at(0, 1) = Cell(Str(std::string(9000, 'x')));
+        Meddler meddler(t);
+        std::ostream os(&meddler);
+        os.setf(plain ? std::ios::fmtflags() : std::ios::boolalpha);
+        t->display(os);
+        EXPECT_GE(t->indices(), 40U);
+        EXPECT_NE(meddler.str().find("xxx"), std::string::npos);
+    }
+}
+
 } // namespace
 } // namespace QX

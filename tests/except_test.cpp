@@ -29,5 +29,16 @@ TEST(Except, PrintsTheInnermostFirstAndCopiesTheOutermost) {
     EXPECT_NE(source.inner(), nullptr);
 }
 
+TEST(Except, ChainsHaveAnyLength) {
+    int const length = 300000;
+    std::unique_ptr<Except> chain;
+    std::string expected;
+    for (int line = 1; line <= length; ++line) {
+        chain = std::make_unique<Except>(Report(Status(), "f", line), std::move(chain));
+        expected += "f(" + std::to_string(line) + "): \n";
+    }
+    EXPECT_TRUE(print(*chain) == expected);
+}
+
 } // namespace
 } // namespace QX

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "brief.h"
+#include "briefform.h"
 
 #include <bit>
 #include <cfloat>
@@ -68,18 +68,21 @@ private:
         {bytes("fourteen bytes"), bytes("fifteen bytes a"), bytes("fifteen bytes\0\0"),
          bytes("FIFTEEN BYTES A"), bytes("more, 16 bytes a"), bytes("more, 16 bytes b"),
          bytes("MORE, 16 BYTES A"), bytes("more, 16 bytes a\0")},
+        {textCell("2"), textCell("007"), textCell("[Empty]"), textCell("## 0 1"), textCell("#Err: x")},
     };
     std::vector<Cells> kinds_{
         honestKinds_[0],
         honestKinds_[1],
         honestKinds_[2],
         honestKinds_[3],
+        honestKinds_[4],
         {0.3, 0.1 + 0.2, std::nextafter(0.1 + 0.2, 1), std::nextafter(1, 2), std::nextafter(1, 0), 1},
         {0, -0.0, DBL_TRUE_MIN, -DBL_TRUE_MIN, 2 * DBL_TRUE_MIN, DBL_MAX, HUGE_VAL, -DBL_MAX},
         {bits(0x7FF8000000000000), bits(0x7FF8000000000001), bits(0x7FF8000000000003), HUGE_VAL,
          bits(0xFFF8000000000000), bits(0xFFFFFFFFFFFFFFFF), bits(0x7FFFFFFFFFFFFFFF),
          bits(0x7FF0000000000001)},
-        {Cell("1970-01-01"), Cell("1970-01-03"), Cell("2026-11-22"), 0, 1.5, 2, 20779, -1e20},
+        {Cell("1970-01-01"), Cell("1970-01-03"), Cell("2026-11-22"), textCell(" 2026-11-22"), 0, 1.5, 2,
+         20779, -1e20},
         {Cell(Status("x", Status::Error, -1)), Cell(Status("y", Status::Error, -1)), Cell(Status())},
         {Cell(shared_), Cell(shared_), Cell(Ptr<Table>(new Table(*shared_))), Cell(brief("1", "m"))},
     };

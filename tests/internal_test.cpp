@@ -1,74 +1,83 @@
 #include "base/makeptr.h"
 #include "brief.h"
-#include "cell/cellempty.h"
-#include "cell/cellerror.h"
-#include "cell/cellnumeric.h"
-#include "cell/cellstring.h"
-#include "cell/celltable.h"
+#include "cell/equality.h"
+#include "cell/movable.h"
+#include "cell/number.h"
 
 #include <cmath>
+#include <cstring>
+#include <limits>
 #include <vector>
 
 namespace QX {
 namespace {
 
-TEST(CellBody, ClonesToABodyOfItsOwn) {
-    Ptr<Table> const held = brief("A 1", "held");
-    AnalyticDouble fraction(5, 2);
-    EXPECT_EQ(Cell(CellEmpty().clone()).isA(), Cell::EmptyCell);
-    EXPECT_EQ(printed(Cell(CellNumeric(fraction).clone())), "## 0 1074003968");
-    EXPECT_TRUE(CellNumeric(AnalyticDouble()).clone()->empty());
-    EXPECT_EQ(printed(Cell(CellString("12").clone())), "12");
-    EXPECT_EQ(CellString("12").clone()->isA(), Cell::StringCell) << "the text rule does not apply again";
-    Ptr<CellImplementation> const ofError = CellError(Status("x", Status::Error, -1)).clone();
-    EXPECT_EQ(ofError->isA(), Cell::StringCell);
-    EXPECT_TRUE(ofError->empty());
-    Cell const ofTable(CellTable(held).clone());
-    EXPECT_EQ(printed(ofTable), "Table - held\n");
-    EXPECT_NE(nested(ofTable).get(), held.get());
-}
-
-TEST(CellBody, EqualsWhatItsCellEquals) {
-    AnalyticDouble notValid;
-    std::vector<Ptr<CellImplementation>> const bodies{
-        makePtr<CellEmpty>(),
-        CellString("").clone(),
-        CellString("a").clone(),
-        CellString("A").clone(),
-        CellString("a text that is not short").clone(),
-        CellString("A text that is not short").clone(),
-        CellString("1970-01-02").clone(),
-        makePtr<CellNumeric>(validNumber(1)),
-        makePtr<CellNumeric>(validNumber(std::nextafter(1, 2))),
-        makePtr<CellNumeric>(validNumber(-1)),
-        makePtr<CellNumeric>(notValid),
-        makePtr<CellError>(Status("x", Status::Error, -1)),
-        makePtr<CellTable>(brief("A")),
-        makePtr<CellTable>(brief("A")),
+TEST(CellEquality, IsThatOfTheMatrixAlsoWhereLessDecides) {
+    Ptr<Table> const shared = brief("A");
+    std::vector<Cell> const cells{
+        Cell(),
+        Str(""),
+        Str("a"),
+        Str("A"),
+        Str("a text that is not short"),
+        Str("a text that is not short"),
+        Str("A text that is not short"),
+        Str("1970-01-02"),
+        1,
+        std::nextafter(1, 2),
+        -1,
+        0.0,
+        -0.0,
+        std::numeric_limits<double>::infinity(),
+        std::nan(""),
+        AnalyticDouble(),
+        Status("x", Status::Error, -1),
+        Status("y", Status::Error, -1),
+        shared,
+        shared,
+        brief("A"),
     };
-    for (Ptr<CellImplementation> const& left : bodies) {
-        Cell const cell(left);
-        EXPECT_EQ(cell.empty(), left->empty()) << brief(cell);
-        for (Ptr<CellImplementation> const& right : bodies) {
+    for (Cell const& left : cells) {
+        for (Cell const& right : cells) {
             for (bool const flag : {false, true}) {
-                EXPECT_EQ(cell.compare(Cell(right), flag), left->compare(*right, flag))
-                    << brief(cell) << " and " << brief(Cell(right)) << ", " << flag;
+                bool const equal = equalByKind(left, right, flag);
+                EXPECT_EQ(left.compare(right, flag), equal) << brief(left) << brief(right) << flag;
+                EXPECT_EQ(equalCells(left, right, flag), equal) << brief(left) << brief(right) << flag;
             }
         }
     }
 }
 
 TEST(CellBody, IsSharedByEveryCellThatHoldsIt) {
-    Ptr<CellImplementation> const body = makePtr<CellError>(Status("x", Status::Error, -1));
-    EXPECT_STREQ(blockOf(body)->location(), "qxdll");
+    Ptr<CellImplementation> const body =
+        makePtr<CellImplementation>(Cell(Status("x", Status::Error, -1)));
+    Detail::CellContent const& held = CellImplementation::contentOf(body->cell());
+    EXPECT_STREQ(held.block()->location(), "qxdll");
     Cell const first(body);
     Ptr<Table> const t = brief("");
     t->at(2, 2, first);
-    EXPECT_EQ(body.useCount(), 3U);
+    EXPECT_EQ(held.owners(), 3U);
     Ptr<Table> const copy = t->clone();
-    EXPECT_EQ(body.useCount(), 4U) << "a deep copy shares what never changes";
+    EXPECT_EQ(held.owners(), 4U) << "a deep copy shares what never changes";
     t->at(2, 2, Cell());
-    EXPECT_EQ(body.useCount(), 3U);
+    EXPECT_EQ(held.owners(), 3U);
+}
+
+TEST(CellBody, MovesByItsBytes) {
+    std::vector<Cell> const cells{
+        Cell(),      12.5, Str("short"), Str("a text that is not short"), Status("x", Status::Error, -1),
+        brief("A 1")};
+    for (Cell const& cell : cells) {
+        alignas(Cell) std::byte from[sizeof(Cell)];
+        alignas(Cell) std::byte to[sizeof(Cell)];
+        new (from) Cell(cell);
+        std::memcpy(to, from, sizeof(Cell));
+        std::memset(from, 0xff, sizeof(Cell));
+        Cell* const moved = std::launder(reinterpret_cast<Cell*>(to));
+        EXPECT_EQ(printed(*moved), printed(cell));
+        EXPECT_TRUE(sameBits(*moved, cell));
+        moved->~Cell();
+    }
 }
 
 } // namespace

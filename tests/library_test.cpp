@@ -11,7 +11,7 @@ std::string described(LibraryBase const& library) {
 }
 
 TEST(LibraryBase, DescribesALibrary) {
-    LibraryBase library(7);
+    LibraryBase library = 7;
     EXPECT_EQ(described(library), ", 7 0");
     EXPECT_TRUE(library.checkInterface(7));
     EXPECT_FALSE(library.checkInterface(8));

@@ -5,12 +5,17 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <random>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace QX {
 namespace {
+
+namespace fs = std::filesystem;
 
 /// What the streams of one test did.
 struct Counts {
@@ -119,7 +124,7 @@ TEST_F(LogTest, ChangesLevel) {
 TEST_F(LogTest, StampsDateAndTime) {
     auto const stamp = [](char const* date, char const* time) {
         DateTime now;
-        now.now();
+        (void)now.now();
         return string(now.getDate(date) + now.getTime(time));
     };
     EXPECT_FALSE(log.setDateDisplay(true));
@@ -197,6 +202,7 @@ TEST_F(LogTest, CopiesShareAStreamWithoutOwningIt) {
         Log copy(log);
         Log moved(std::move(copy));
         moved.send("moved", Log::Fatal);
+        log = std::move(moved); // which doesn't own the stream that log owns
         Log assigned;
         assigned.setStream(new Counted(counts), true);
         assigned = log;
@@ -216,6 +222,82 @@ TEST_F(LogTest, CopiesShareAStreamWithoutOwningIt) {
     EXPECT_EQ(counts.alive, 0);
 }
 
+static_assert(std::is_nothrow_move_constructible_v<Log> && std::is_nothrow_move_assignable_v<Log>);
+
+TEST_F(LogTest, MovesHandOverTheStream) {
+    Counts counts;
+    auto const make = [&](char const* name) {
+        Log made(log);
+        made.setName(name);
+        made.setStream(new Counted(counts), true);
+        return made;
+    };
+    {
+        std::vector<Log> logs;
+        for (char const* const name : {"a", "b", "c", "d", "e"}) {
+            logs.push_back(make(name));
+        }
+        logs.erase(logs.begin() + 1);
+        EXPECT_EQ(counts.alive, 4);
+        std::optional<Log> kept;
+        kept = std::move(logs[1]);
+        EXPECT_FALSE(logs[1].good());
+        logs[1].send("lost", Log::Info);
+        logs[1].report();
+        Log& self = *kept;
+        self = std::move(*kept);
+        EXPECT_TRUE(kept->good());
+        *kept = make("z"); // which releases the stream of c
+        kept->send("shown", Log::Info);
+        EXPECT_EQ(counts.alive, 4);
+        kept->setStream(&stream, false);
+        kept->send("named", Log::Info);
+        EXPECT_EQ(written(), "z-Level 4: named|");
+    }
+    EXPECT_EQ(counts.alive, 0);
+}
+
+/// A buffer that keeps what is written, but for a while has no room.
+struct Limited : std::stringbuf {
+    std::streamsize xsputn(char const* text, std::streamsize size) override {
+        return full ? 0 : std::stringbuf::xsputn(text, size);
+    }
+    int_type overflow(int_type c) override {
+        return full ? traits_type::eof() : std::stringbuf::overflow(c);
+    }
+
+    bool full = false;
+};
+
+TEST_F(LogTest, WritesAgainAfterAFailure) {
+    Limited limited;
+    std::ostream target(&limited);
+    log.setStream(&target, false);
+    log.send("one", Log::Info);
+    EXPECT_TRUE(log.good());
+    limited.full = true;
+    log.send("two", Log::Info);
+    EXPECT_FALSE(log.good());
+    log.banner();
+    EXPECT_FALSE(log.good());
+    limited.full = false;
+    log.send(Report(Status("three", Status::Error, -1), "a.cpp", 3), Log::Info);
+    EXPECT_TRUE(log.good());
+    EXPECT_EQ(lines(limited.str()), "-Level 4: one|-Level 4: a.cpp(3): three|");
+    log.setStream(nullptr, false);
+    EXPECT_FALSE(log.good());
+}
+
+TEST_F(LogTest, FlushesWhatExplainsACrash) {
+    Counts counts;
+    log.setStream(new Counted(counts), true);
+    Report const report(Status("lost", Status::Error, -1), "a.cpp", 3);
+    log.send(report, Log::Fatal);
+    EXPECT_EQ(counts.flushes, 1);
+    log.send(Except(report), Log::Info);
+    EXPECT_EQ(counts.flushes, 2);
+}
+
 /// A buffer whose device is gone.
 class Broken : public std::streambuf {
     int sync() override { throw std::runtime_error("device gone"); }
@@ -229,19 +311,26 @@ TEST_F(LogTest, EndsQuietlyOnABrokenStream) {
     owner.setStream(owned.release(), true);
 }
 
-TEST_F(LogTest, SwitchesToFiles) {
-    namespace fs = std::filesystem;
-    fs::path const directory =
-        fs::temp_directory_path() / ("qx_log_" + std::to_string(std::random_device()()));
-    fs::create_directory(directory);
-    auto const named = [&](fs::path const& name) {
+/// A log that writes to files in a directory of the test's own.
+class LogFileTest : public LogTest {
+protected:
+    LogFileTest() { fs::create_directory(directory); }
+    ~LogFileTest() override { fs::remove_all(directory); }
+
+    std::string named(fs::path const& name) const {
         std::u8string const whole = (directory / name).u8string();
         return std::string(whole.begin(), whole.end());
-    };
-    auto const content = [&](fs::path const& name) {
+    }
+    std::string content(fs::path const& name) const {
         std::ifstream in(directory / name);
         return lines({std::istreambuf_iterator<char>(in), {}});
-    };
+    }
+
+    fs::path const directory =
+        fs::temp_directory_path() / ("qx_log_" + std::to_string(std::random_device()()));
+};
+
+TEST_F(LogFileTest, Switches) {
     fs::path const cafe = u8"caf\u00e9.log";
     std::ofstream(directory / cafe) << "former content";
     std::ofstream(directory / "kept") << "content";
@@ -259,7 +348,35 @@ TEST_F(LogTest, SwitchesToFiles) {
     log.setStream(&stream, false);
     log.send("back", Log::Always);
     EXPECT_EQ(written(), "back|");
-    fs::remove_all(directory);
+}
+
+TEST_F(LogFileTest, KeepsAFileToOneLog) {
+    std::string const opened = "=|Output Stream  at level 4|=|";
+    Log second(log);
+    {
+        Log first(log);
+        first.setStream(named("a.log"));
+        Log copy(first);
+        for (Log* const other : {&second, &copy}) {
+            other->setStream(named("a.log"));
+            EXPECT_FALSE(other->good());
+            other->send("refused", Log::Info);
+            EXPECT_FALSE(other->good());
+        }
+        first.send("kept", Log::Info);
+        EXPECT_TRUE(first.good());
+        EXPECT_EQ(content("a.log"),
+                  opened + "-Level 4: Switching log to " + named("a.log") + "|-Level 4: kept|")
+            << "the copy wrote that it leaves";
+        first.setStream(named("./a.log"));
+        EXPECT_TRUE(first.good());
+        EXPECT_EQ(content("a.log"), opened) << "its own file anew";
+        Log const moved(std::move(first));
+        second.setStream(named("a.log"));
+        EXPECT_FALSE(second.good());
+    }
+    second.setStream(named("a.log"));
+    EXPECT_TRUE(second.good()) << "once the first log is gone";
 }
 
 } // namespace

@@ -50,7 +50,7 @@ TEST(TableFill, FillsIndicesWithOneValue) {
 
 TEST(TableFill, SharesOneBodyAmongAllFilled) {
     Ptr<Table> result;
-    brief("X 1 2 3")->fill(brief("X {n }"), result, -1);
+    (void)brief("X 1 2 3")->fill(brief("X {n }"), result, -1);
     EXPECT_EQ(nested(result->get("X", 1)).get(), nested(result->get("X", 3)).get());
 }
 

@@ -45,7 +45,7 @@ TEST(Module, CatchesWhatTheLibraryRaises) {
     EXPECT_STREQ(plugin::catchExcept().get(), "No operand table provided");
     try {
         Ptr<Table> result;
-        plugin::makeTable()->merge(Ptr<Table const>(), result, false);
+        (void)plugin::makeTable()->merge(Ptr<Table const>(), result, false);
         FAIL() << "nothing was raised";
     } catch (Except const& e) {
         EXPECT_STREQ(e.report().message(false).get(), "No operand table provided");

@@ -1,6 +1,6 @@
-#include "base/blocks.h"
 #include "base/makeptr.h"
-#include "table/src/cells.h"
+#include "memory/blocks.h"
+#include "table/model/column.h"
 
 #include <gtest/gtest.h>
 
@@ -143,7 +143,7 @@ TEST(Blocks, KeepVectorsApartInEveryThread) {
 }
 
 /// The number of cells that don't hold their own place in the column.
-std::size_t displaced(Cells const& column) {
+std::size_t displaced(Column const& column) {
     std::size_t count = 0;
     for (std::size_t j = 0; j < column.size(); ++j) {
         count +=
@@ -152,7 +152,7 @@ std::size_t displaced(Cells const& column) {
     return count;
 }
 
-void addPlaces(Cells& column, std::size_t count) {
+void addPlaces(Column& column, std::size_t count) {
     for (std::size_t size = column.size() + count; column.size() < size;) {
         column.push_back(Cell(Str::asString(static_cast<int>(column.size())) + " in its place"));
     }
@@ -160,12 +160,12 @@ void addPlaces(Cells& column, std::size_t count) {
 
 TEST(Blocks, MoveWithTheirCellsWhenTheyGrow) {
     std::mt19937 random(1);
-    std::array<Cells, 4> columns;
+    std::array<Column, 4> columns;
     for (int round = 0; round < 40; ++round) {
-        Cells& column = columns[random() % columns.size()];
+        Column& column = columns[random() % columns.size()];
         if (random() % 4 == 0) {
             EXPECT_EQ(displaced(column), 0U);
-            column = Cells();
+            column = Column();
         }
         std::size_t const count = random() % 20'000;
         if (random() % 3 == 0) {
@@ -174,13 +174,13 @@ TEST(Blocks, MoveWithTheirCellsWhenTheyGrow) {
             addPlaces(column, count);
         }
     }
-    for (Cells const& column : columns) {
+    for (Column const& column : columns) {
         EXPECT_EQ(displaced(column), 0U);
     }
 }
 
 TEST(Blocks, TakeACellOfTheirOwnWhileTheyMove) {
-    Cells column;
+    Column column;
     addPlaces(column, 1);
     while (column.size() < 30'000) {
         column.push_back(column.front());
@@ -190,10 +190,9 @@ TEST(Blocks, TakeACellOfTheirOwnWhileTheyMove) {
     }
 }
 
-#if defined(QX_KEEP_MEMORY) // otherwise a sanitizer may answer
 TEST(Blocks, StayWhatTheyAreWhenNoMemoryHoldsMore) {
     for (std::size_t const size : {10U, 30'000U}) {
-        Cells column;
+        Column column;
         addPlaces(column, size);
         EXPECT_THROW(column.reserve(std::size_t{1} << 45U), std::bad_alloc);
         EXPECT_THROW(column.resize(static_cast<std::size_t>(-1)), std::length_error);
@@ -201,7 +200,6 @@ TEST(Blocks, StayWhatTheyAreWhenNoMemoryHoldsMore) {
         EXPECT_EQ(displaced(column), 0U);
     }
 }
-#endif
 
 } // namespace
 } // namespace QX

@@ -15,6 +15,8 @@ static_assert(std::is_convertible_v<Ptr<Table>, Ptr<Table const>>);
 static_assert(!std::is_convertible_v<Ptr<Table const>, Ptr<Table>>);
 static_assert(!std::is_convertible_v<Table*, Ptr<Table>>);
 
+static_assert(std::is_nothrow_constructible_v<Ptr<Table const>, Ptr<Table> const&>);
+
 /// An object that knows how many of its class are alive, and may hold another.
 struct Counted {
     Counted() { ++alive; }
@@ -91,6 +93,77 @@ TEST(Ptr, AssignmentKeepsCounts) {
     EXPECT_EQ(Counted::alive, 0);
 }
 
+/// Bases that lie elsewhere than at the beginning of the object: behind another one, where the object
+/// keeps it for all to share, and before a table of virtual functions.
+struct Plain {
+    int value = 3;
+};
+struct Second : Counted, Plain {};
+struct Virtual : virtual Counted {
+    int value = 4;
+};
+struct Wrapped : Plain {
+    virtual ~Wrapped() { ++ended; }
+    static inline int ended = 0;
+};
+
+TEST(Ptr, ConvertsToBasesAtAnyAddress) {
+    Ptr<Second> second(new Second);
+    Ptr<Plain> plain(second);
+    EXPECT_NE(static_cast<void*>(plain.get()), static_cast<void*>(second.get()));
+    second = nullptr;
+    EXPECT_EQ(plain->value, 3);
+    EXPECT_EQ(Counted::alive, 1);
+    Ptr<Plain const> const kept(plain);
+    plain.reset();
+    EXPECT_EQ(Counted::alive, 1);
+    EXPECT_EQ(kept.useCount(), 1U);
+
+    Ptr<Virtual> shared(new Virtual);
+    Ptr<Counted> base;
+    base = shared;
+    shared.reset();
+    EXPECT_EQ(Counted::alive, 2);
+    base = Ptr<Virtual>();
+    EXPECT_EQ(Counted::alive, 1);
+
+    Ptr<Plain> wrapped(Ptr<Wrapped>(new Wrapped));
+    EXPECT_EQ(wrapped->value, 3);
+    wrapped.reset();
+    EXPECT_EQ(Wrapped::ended, 1);
+}
+
+TEST(Ptr, AssignmentWithinOneBlockChangesNothing) {
+    Ptr<Second> const whole(new Second);
+    for (bool const moving : {false, true}) {
+        SCOPED_TRACE(moving);
+        int other = 5;
+        whole.block()->increment();
+        whole.block()->increment();
+        Ptr<int> to(&whole->value, whole.block());
+        Ptr<int> from(&other, whole.block());
+        if (moving) {
+            to = std::move(from);
+        } else {
+            to = from;
+        }
+        EXPECT_EQ(to.get(), &whole->value);
+        EXPECT_EQ(from.isNull(), moving);
+        EXPECT_EQ(whole.useCount(), moving ? 2U : 3U);
+    }
+    EXPECT_EQ(whole.useCount(), 1U);
+}
+
+TEST(Ptr, ResetPassesOnWhatTheDeleterRaises) {
+    int object = 7;
+    PtrRefCount block("another module", &PtrRefCount::release);
+    Ptr<int> handle(&object, &block);
+    EXPECT_EQ(failureOf([&] { handle.reset(); }), "Deletion across dll boundary");
+    EXPECT_EQ(blockOf(handle), nullptr);
+    EXPECT_TRUE(block.canDelete());
+    EXPECT_EQ(object, 7);
+}
+
 TEST(Ptr, AssignmentFromInsideTheObjectThatItEnds) {
     Ptr<Counted> head(new Counted);
     head->next = Ptr<Counted>(new Counted);
@@ -114,6 +187,8 @@ TEST(Ptr, HandleWithoutObjectOrBlockIsNull) {
         Ptr<Counted> empty(nullptr, block);
         EXPECT_TRUE(empty.isNull());
         EXPECT_EQ(blockOf(Ptr<Counted const>(empty)), nullptr);
+        EXPECT_EQ(blockOf(Ptr<Counted>(std::move(empty))), nullptr) << "moved as it is copied";
+        EXPECT_EQ(blockOf(empty), block);
         Ptr<Counted> target(new Counted);
         target = empty;
         EXPECT_EQ(blockOf(target), nullptr);

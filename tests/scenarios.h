@@ -74,9 +74,9 @@ struct Objects {
             operand->at(name, 2, Cell(i));
             picks->at(name, 0);
         }
-        table->makeTemplate(table, guide);
-        table->setAttribute("unit", Cell("eur"));
-        table->setAttribute("style/width[2]", Cell(7));
+        (void)table->makeTemplate(table, guide);
+        (void)table->setAttribute("unit", Cell("eur"));
+        (void)table->setAttribute("style/width[2]", Cell(7));
         stream.exceptions(std::ios::badbit);
         log.setStream(&stream, false);
         log.setDateDisplay(false);
@@ -237,8 +237,9 @@ inline std::vector<Scenario> scenarios() {
              Except const wrapping(report, std::make_unique<Except>(report));
              Except const copy(wrapping);
              o.stream << wrapping << copy;
-             o.found += raised([&] { o.table->merge(Ptr<Table const>(), o.result, false); });
-             o.found += raised([&] { o.table->select(o.conditions, o.result, false, false, false); });
+             o.found += raised([&] { (void)o.table->merge(Ptr<Table const>(), o.result, false); });
+             o.found +=
+                 raised([&] { (void)o.table->select(o.conditions, o.result, false, false, false); });
              o.found += raised([&] { o.table->atXPath("rate/x", false); });
          }},
         {"handles of tables",
@@ -272,12 +273,12 @@ inline std::vector<Scenario> scenarios() {
              o.found += outcome(o.table->unaryOperation("+", o.guide, total)) + brief(Cell(total));
          }},
         {"overlay of nothing",
-         [](Objects& o) { o.table->overlay(Ptr<Table const>(), o.result, false, false, false); }},
+         [](Objects& o) { (void)o.table->overlay(Ptr<Table const>(), o.result, false, false, false); }},
         {"rows whose display begins alike",
          [](Objects& o) {
              Ptr<Table> const rows = brief("A - {n X 1 }");
              rows->at("A", 1, Cell("Table - n\nIndex"));
-             rows->append(o.bodiless, o.result, true, true);
+             (void)rows->append(o.bodiless, o.result, true, true);
          }},
         {"setAttributes", [](Objects& o) { o.table->setAttributes(o.operand); }},
         {"setAttributes to none", [](Objects& o) { o.table->setAttributes(Ptr<Table>()); }},
@@ -311,7 +312,7 @@ inline std::vector<Scenario> scenarios() {
                            refusable(o, [&] { o.table->atXPath(path, true) = o.cells[1]; });
                        }});
         all.push_back({title + ", attribute", [=](Objects& o) {
-                           refusable(o, [&] { o.table->setAttribute(path, o.cells[1]); });
+                           refusable(o, [&] { (void)o.table->setAttribute(path, o.cells[1]); });
                        }});
         all.push_back({title + " of no body", [=](Objects& o) {
                            refusable(o, [&] { o.bodiless->atXPath(path, true) = o.cells[1]; });

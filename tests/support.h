@@ -1,6 +1,7 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include "sibling.h"
+
 #include <qx/qx.h>
 
 #include <cstring>
@@ -8,32 +9,6 @@
 #include <string>
 
 namespace QX {
-
-inline std::string string(Str const& text) {
-    return std::string(text.data(), text.size());
-}
-
-/// The outcome of a call: "Ok", or the message of a failure, with the state and code of one that has
-/// others than Error and -1.
-inline std::string outcome(Status const& status) {
-    if (status.ok()) {
-        return status.code() == 0 && status.message(false).empty() ? "Ok" : "Ok, but not as made";
-    }
-    std::string text = string(status.message(false));
-    if (status.state() != Status::Error || status.code() != -1) {
-        text += " (state " + std::to_string(status.state()) + ", code " + std::to_string(status.code()) +
-                ")";
-    }
-    return text;
-}
-
-/// What `write` writes to a stream with default formatting.
-template <typename Write>
-std::string written(Write const& write) {
-    std::ostringstream os;
-    write(os);
-    return os.str();
-}
 
 /// The printed form of a cell.
 inline std::string printed(Cell const& cell) {
@@ -68,7 +43,7 @@ std::string raised(Call const& call) {
 
 inline Ptr<Table> nested(Cell const& cell) {
     Ptr<Table> table;
-    cell.get(table);
+    (void)cell.get(table);
     return table;
 }
 

@@ -129,7 +129,7 @@ TEST(TableAttributes, AreSharedByHandlesCopiedBeforeAnyWereSet) {
     Table assigned("assigned");
     assigned = copyOfCopy;
     Table const clone(*assigned.clone());
-    assigned.setAttribute("unit", Cell("eur"));
+    (void)assigned.setAttribute("unit", Cell("eur"));
     Table const* const handles[] = {&t, &copy, &copyOfCopy, &assigned};
     for (Table const* const handle : handles) {
         EXPECT_EQ(named(handle->getAttributes()), ": unit eur");
@@ -139,7 +139,7 @@ TEST(TableAttributes, AreSharedByHandlesCopiedBeforeAnyWereSet) {
     t.setAttributes(Ptr<Table>());
     Table const later(t);
     Cell all;
-    later.getAttribute("", all);
+    (void)later.getAttribute("", all);
     nested(all)->at("unit", 1, Cell("usd"));
     EXPECT_EQ(named(t.getAttributes()), ": unit usd");
     EXPECT_EQ(named(copy.getAttributes()), ": unit eur");

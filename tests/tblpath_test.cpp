@@ -1,6 +1,6 @@
 #include "brief.h"
+#include "growth.h"
 
-#include <chrono>
 #include <random>
 #include <utility>
 
@@ -127,14 +127,14 @@ TEST(TblPath, ReadsNumbersAsStreamsDo) {
 std::string strip(TblPath const& path) {
     Str name;
     std::size_t item = 0;
-    path.currentPath(name, item, false);
+    (void)path.currentPath(name, item, false);
     return std::string("/") + string(name) + (rest(path).empty() ? "" : strip(TblPath(Str(rest(path)))));
 }
 
 std::string parent(TblPath const& path, std::string const& left) {
     Str name;
     std::size_t item = 0;
-    path.currentPath(name, item, false);
+    (void)path.currentPath(name, item, false);
     TblPath const next{Str(left)};
     std::string const written = std::string("/") + string(name) + "[" + std::to_string(item) + "]";
     return written + (rest(next).empty() ? "" : parent(next, rest(next)));
@@ -152,16 +152,15 @@ TEST(TblPath, RebuildsAsToldStepByStep) {
 }
 
 TEST(TblPath, RebuildsLongPathsInLinearTime) {
-    constexpr std::size_t count = 1'000'000;
-    std::string whole;
-    for (std::size_t i = 0; i < count; ++i) {
-        whole += "a[1]/";
-    }
-    TblPath const path{Str(whole)};
-    auto const start = std::chrono::steady_clock::now();
-    EXPECT_EQ(path.stripPath().size(), 2 * count);
-    EXPECT_EQ(path.parent().size(), 5 * (count - 1));
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    expectLinearTime(5'000, [](std::size_t count) {
+        std::string whole;
+        for (std::size_t i = 0; i < count; ++i) {
+            whole += "a[1]/";
+        }
+        TblPath const path{Str(whole)};
+        EXPECT_EQ(path.stripPath().size(), 2 * count);
+        EXPECT_EQ(path.parent().size(), 5 * (count - 1));
+    });
 }
 
 } // namespace

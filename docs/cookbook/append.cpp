@@ -21,8 +21,8 @@ int main() {
     more->at("crates", 2) = 7.0;
 
     Ptr<Table> result;
-    stock->append(more, result, true, false);
+    (void)stock->append(more, result, true, false);
     result->display(std::cout);
-    stock->append(more, result, true, true); // no row twice
+    (void)stock->append(more, result, true, true); // no row twice
     result->display(std::cout);
 }

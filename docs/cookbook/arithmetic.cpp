@@ -18,10 +18,12 @@ int main() {
     later->at("crates", 2) = 5.0;
 
     Ptr<Table> numbers;
-    stock->makeTemplate(later, numbers); // marks where both hold numbers
+    if (!stock->makeTemplate(later, numbers).ok()) { // marks where both hold numbers
+        return 1;
+    }
     numbers->display(std::cout);
 
     Ptr<Table> change;
-    later->operation(stock, "-", numbers, change);
+    (void)later->operation(stock, "-", numbers, change);
     change->display(std::cout);
 }

@@ -8,10 +8,10 @@ using QX::Table;
 int main() {
     Table stock("stock");
     stock.at("fruit", 1) = Str("plum");
-    stock.setAttribute("source/counted", Str("2026-09-30"));
+    (void)stock.setAttribute("source/counted", Str("2026-09-30"));
 
     QX::Cell counted;
-    stock.getAttribute("source/counted", counted);
+    (void)stock.getAttribute("source/counted", counted);
     std::cout << "counted on " << counted << '\n';
     stock.display(std::cout); // attributes are no part of the data
 }

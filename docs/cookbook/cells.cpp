@@ -11,6 +11,7 @@ int main() {
         std::cout << kinds[cell.isA()] << ": " << text << '\n';
     }
     QX::Date date;
-    QX::Cell(Str("2026-11-22")).get(date);
-    std::cout << date.getDate("dd mmm yyyy") << " is day " << date.days() << '\n';
+    if (QX::Cell(Str("2026-11-22")).get(date).ok()) {
+        std::cout << date.getDate("dd mmm yyyy") << " is day " << date.days() << '\n';
+    }
 }

@@ -20,6 +20,6 @@ int main() {
 
     std::cout << (stock->match(later, false) ? "equal\n" : "different\n");
     Ptr<Table> differences;
-    stock->compare(later, differences, false);
+    (void)stock->compare(later, differences, false);
     differences->display(std::cout);
 }

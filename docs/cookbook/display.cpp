@@ -20,8 +20,9 @@ int main() {
     for (std::size_t row = 1; row < stock->items(0); ++row) { // for people
         Str fruit;
         Str crates;
-        stock->get("fruit", row).get(fruit, 0);
-        stock->get("crates", row).get(crates, 1);
-        std::cout << fruit << ": " << crates << '\n';
+        if (stock->get("fruit", row).get(fruit, 0).ok() &&
+            stock->get("crates", row).get(crates, 1).ok()) {
+            std::cout << fruit << ": " << crates << '\n';
+        }
     }
 }

@@ -15,6 +15,9 @@ int main() {
     stock->at("fruit", 3) = Str("plum");
     stock->at("crates", 3) = 1.0;
     Ptr<Table> result;
-    stock->select(Ptr<Table>(new Table), result, true, true, true); // all indices, no row twice
+    if (!stock->select(Ptr<Table>(new Table), result, true, true, true)
+             .ok()) { // all indices, no row twice
+        return 1;
+    }
     result->display(std::cout);
 }

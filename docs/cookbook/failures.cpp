@@ -20,7 +20,7 @@ int main() {
     std::cout << stock->sort(keys, result, true).message(false) << '\n';
 
     try {
-        stock->sort(Ptr<Table>(), result, true);
+        (void)stock->sort(Ptr<Table>(), result, true);
     } catch (QX::Except const& e) {
         std::cout << e.report().message(false) << '\n';
     }

@@ -19,8 +19,12 @@ int main() {
     values->at("fruit", 2) = Str("plum");
 
     Ptr<Table> result;
-    stock->filter(values, result, false, false); // in the order of the values
+    if (!stock->filter(values, result, false, false).ok()) { // in the order of the values
+        return 1;
+    }
     result->display(std::cout);
-    stock->filter(values, result, false, true); // all others
+    if (!stock->filter(values, result, false, true).ok()) { // all others
+        return 1;
+    }
     result->display(std::cout);
 }

@@ -19,8 +19,8 @@ int main() {
     news->at("ripe", 1) = Str("yes");
 
     Ptr<Table> result;
-    stock->merge(news, result, false); // beside each other
+    (void)stock->merge(news, result, false); // beside each other
     result->display(std::cout);
-    stock->merge(news, result, true); // one over the other, by name
+    (void)stock->merge(news, result, true); // one over the other, by name
     result->display(std::cout);
 }

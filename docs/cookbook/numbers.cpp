@@ -12,7 +12,8 @@ int main() {
 
     QX::Cell const quarter = one.operation(four, "/");
     Str text;
-    quarter.get(text, 2);
-    std::cout << "1 / 4 = " << quarter << ", or " << text << '\n'; // exact, and for people
+    if (quarter.get(text, 2).ok()) {
+        std::cout << "1 / 4 = " << quarter << ", or " << text << '\n'; // exact, and for people
+    }
     std::cout << "read back: " << quarter.compare(QX::Cell(Str("## 0 1070596096")), false) << '\n';
 }

@@ -19,8 +19,8 @@ int main() {
     changes->at("ripe", 3) = Str("yes");
 
     Ptr<Table> result;
-    stock->overlay(changes, result, true, false, false); // only what stock has
+    (void)stock->overlay(changes, result, true, false, false); // only what stock has
     result->display(std::cout);
-    stock->overlay(changes, result, false, false, true); // the new index as well
+    (void)stock->overlay(changes, result, false, false, true); // the new index as well
     result->display(std::cout);
 }

@@ -16,6 +16,6 @@ int main() {
     std::cout << farm.atXPath("stock/boxes", QX::Cell()) << '\n';
 
     Ptr<Table> crates;
-    farm.XPath("stock/crates", crates); // every item
+    (void)farm.XPath("stock/crates", crates); // every item
     crates->display(std::cout);
 }

@@ -16,8 +16,9 @@ int main() {
     std::cout << "crates: " << crates << (status.ok() ? ", read" : ", not read") << '\n';
 
     Str text;
-    readable.get("crates", 1).get(text, 2);
-    std::cout << "as a text of two digits: " << text << '\n';
+    if (readable.get("crates", 1).get(text, 2).ok()) {
+        std::cout << "as a text of two digits: " << text << '\n';
+    }
     std::cout << "a position that is not there: " << readable.get("crates", 99) << '\n';
 
     int whole = 0;

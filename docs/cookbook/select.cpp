@@ -19,6 +19,8 @@ int main() {
     wanted->at("fruit", 1) = Str("kind"); // item 1 is a new name
 
     Ptr<Table> result;
-    stock->select(wanted, result, false, false, false);
+    if (!stock->select(wanted, result, false, false, false).ok()) {
+        return 1;
+    }
     result->display(std::cout);
 }

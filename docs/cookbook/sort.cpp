@@ -19,8 +19,12 @@ int main() {
     keys->at("fruit", 0);  // then by fruit
 
     Ptr<Table> result;
-    stock->sort(keys, result, true);
+    if (!stock->sort(keys, result, true).ok()) {
+        return 1;
+    }
     result->display(std::cout);
-    stock->sort(keys, result, false);
+    if (!stock->sort(keys, result, false).ok()) {
+        return 1;
+    }
     result->display(std::cout);
 }

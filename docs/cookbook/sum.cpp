@@ -15,8 +15,10 @@ int main() {
     stock->at("fruit", 3) = Str("pear");
     stock->at("crates", 3) = 4.0;
     Ptr<Table> numbers;
-    stock->makeTemplate(stock, numbers);
+    if (!stock->makeTemplate(stock, numbers).ok()) {
+        return 1;
+    }
     double total = 0;
-    stock->unaryOperation("+", numbers, total);
+    (void)stock->unaryOperation("+", numbers, total);
     std::cout << total << " crates\n";
 }

@@ -15,6 +15,6 @@ int main() {
     stock->at("fruit", 3) = Str("pear");
     stock->at("crates", 3) = 4.0;
     Ptr<Table> result;
-    stock->transpose(result);
+    (void)stock->transpose(result);
     result->display(std::cout);
 }

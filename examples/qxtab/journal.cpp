@@ -1,10 +1,11 @@
 #include "journal.h"
 
 #include "failure.h"
+#include "system.h"
+#include "utf8.h"
 
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <system_error>
@@ -30,19 +31,19 @@ Journal& journal() {
     return theJournal;
 }
 
-void checkInputs(Options const& options) {
-    for (std::string const& input : options.files) {
+void checkInputs(std::string const& name, std::vector<std::string> const& inputs) {
+    for (std::string const& input : inputs) {
         std::error_code none; // what doesn't exist is not the same file
-        if (std::filesystem::equivalent(input, options.logFile, none)) {
-            throw Failure(options.logFile + ": the log can't be written to an input");
+        if (std::filesystem::equivalent(pathOf(input), pathOf(name), none)) {
+            throw Failure(name + ": the log can't be written to an input");
         }
     }
 }
 
 // The library's way to open a file replaces it and is silent when that fails.
-std::ofstream& openFile(Journal& journal, std::string const& name) {
+std::ofstream& openLog(Journal& journal, std::string const& name) {
     errno = 0;
-    journal.file.open(name, std::ios::app);
+    journal.file.open(pathOf(name), std::ios::app);
     if (!journal.file) {
         throw Failure(name + ": the log can't be opened: " + std::strerror(errno));
     }
@@ -51,25 +52,25 @@ std::ofstream& openFile(Journal& journal, std::string const& name) {
 
 } // namespace
 
-void startLog(Options const& options) {
+void startLog(std::string const& file, bool verbose, std::vector<std::string> const& inputs) {
     Journal& started = journal();
-    started.log.setLevel(options.verbose ? QX::Log::Debug : QX::Log::Info);
-    if (!options.logFile.empty()) {
-        checkInputs(options);
-        started.log.setStream(&openFile(started, options.logFile), false);
+    started.log.setLevel(verbose ? QX::Log::Debug : QX::Log::Info);
+    if (!file.empty()) {
+        checkInputs(file, inputs);
+        started.log.setStream(&openLog(started, file), false);
         started.log.report();
-    } else if (options.verbose) {
+    } else if (verbose) {
         started.log.setStream(&std::cerr, false);
         started.onScreen = true;
     }
 }
 
 void log(std::string const& text, QX::Log::LogLevel level) {
-    journal().log.send(QX::Str(text), level);
+    journal().log.send(text(visible(text)), level);
 }
 
 void tell(std::string const& text, QX::Log::LogLevel level) {
-    std::cerr << "qxtab: " << text << '\n';
+    std::cerr << "qxtab: " << visible(text) << '\n';
     if (!journal().onScreen) {
         log(text, level);
     }

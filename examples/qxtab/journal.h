@@ -1,20 +1,20 @@
 #pragma once
 
-#include "options.h"
-
 #include <qx/qx.h>
 
 #include <string>
+#include <vector>
 
 namespace qxtab {
 
 // What the program says beside its output: messages on standard error, and the log. There is one log, as
-// there is one standard error; until it is started, what is logged goes nowhere.
+// there is one standard error; until it is started, what is logged goes nowhere. Whatever the data hold,
+// no message takes more than one line or steers a terminal.
 
-/// Starts the log that the options ask for, if any: at the end of a file, or on standard error.
+/// Starts the log: at the end of a file, or on standard error when there is none and `verbose` is set.
 ///
-/// Raises Failure for a file that can't be opened, and for one that is also an input.
-void startLog(Options const& options);
+/// Raises Failure for a file that can't be opened, and for one that is also among `inputs`.
+void startLog(std::string const& file, bool verbose, std::vector<std::string> const& inputs);
 
 /// Writes to the log what is being done.
 void log(std::string const& text, QX::Log::LogLevel level = QX::Log::Info);

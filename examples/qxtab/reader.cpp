@@ -1,91 +1,93 @@
 #include "reader.h"
 
-#include "csvparser.h"
 #include "failure.h"
+#include "input.h"
+#include "journal.h"
 #include "system.h"
-#include "tablebuilder.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <filesystem>
-#include <memory>
-#include <string_view>
-#include <vector>
+#include <qx/csv.h>
+#include <qx/json.h>
 
 namespace qxtab {
 
 namespace {
 
-std::size_t const pieceSize = 1 << 20;
-
-struct CloseFile {
-    void operator()(std::FILE* file) const {
-        if (file != stdin) {
-            std::fclose(file);
-        }
+// The ending of a file's name, without that of a packed file: "csv" for "a.csv.gz".
+std::string endingOf(std::string const& file) {
+    std::filesystem::path path = pathOf(file);
+    if (path.extension() == ".gz") {
+        path = path.stem();
     }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
-[[noreturn]] void failForSystem(std::string const& file) {
-    throw Failure(messageName(file) + ": " + std::strerror(errno));
+    std::string const ending = nameOf(path.extension());
+    return ending.empty() ? "" : ending.substr(1);
 }
 
-File open(std::string const& file) {
-    File opened(file == "-" ? stdin : openFile(file));
-    if (!opened) {
-        failForSystem(file);
+std::string titleOf(std::string const& file) {
+    if (file == "-") {
+        return inputName(file);
     }
-    return opened;
+    std::filesystem::path const path = pathOf(file);
+    return nameOf(path.extension() == ".gz" ? path.stem().stem() : path.stem());
 }
 
-char delimiterOf(std::string const& file, std::string const& delimiter) {
-    if (!delimiter.empty()) {
-        return delimiter.front();
-    }
-    std::filesystem::path const ending = pathOf(file).extension();
-    return ending == ".tsv" || ending == ".tab" ? '\t' : ',';
+std::string counted(std::size_t count, std::string const& what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-QX::Ptr<QX::Table> emptyTable(std::string const& file) {
-    std::string const name = file == "-" ? messageName(file) : nameOf(pathOf(file).stem());
-    return QX::Ptr<QX::Table>(new QX::Table(QX::Str(name)));
+void tellOdd(std::string const& name, QX::CsvReport const& report) {
+    if (report.shortRows != 0) {
+        tell(name + ":" + std::to_string(report.firstShortLine) + ": " +
+             counted(report.shortRows, "row") + " with fewer fields than the header, from here on");
+    }
+    if (report.longRows != 0) {
+        tell(name + ":" + std::to_string(report.firstLongLine) + ": " + counted(report.longRows, "row") +
+             " with more fields than the header, from here on; the columns are called \"column N\"");
+    }
+    if (report.equalNames != 0) {
+        tell(name + ": " + counted(report.equalNames, "column") +
+             " with the name of an earlier one, which the name means");
+    }
 }
 
-std::string_view withoutMark(std::string_view text, std::string const& file) {
-    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
-        throw Failure(messageName(file) + ":1: the text is UTF-16; convert it to UTF-8 first");
-    }
-    return text.substr(text.starts_with("\xEF\xBB\xBF") ? 3 : 0);
+Table readSeparated(std::string const& file, ReadOptions const& options, char delimiter) {
+    QX::CsvReadOptions csv;
+    csv.name = inputName(file);
+    csv.separator = delimiter;
+    csv.type = QX::CsvType::Text;
+    csv.ragged = QX::CsvRagged::Keep;
+    csv.rows = options.rows;
+    QX::CsvReport report;
+    QX::Ptr<QX::Table> const read = QX::readCsv(openInput(file, options.anyBytes), csv, &report);
+    tellOdd(csv.name, report);
+    return read;
+}
+
+Table readRecords(std::string const& file, ReadOptions const& options, bool sequence) {
+    QX::JsonReadOptions json;
+    json.name = inputName(file);
+    json.sequence = sequence;
+    json.exact = options.exact;
+    return QX::readJson(openInput(file, options.anyBytes), json);
 }
 
 } // namespace
 
-std::string messageName(std::string const& file) {
-    return file == "-" ? "standard input" : file;
-}
-
-QX::Ptr<QX::Table> readTable(std::string const& file, std::string const& delimiter) {
-    File const input = open(file);
-    QX::Ptr<QX::Table> const table = emptyTable(file);
-    TableBuilder builder(messageName(file), table);
-    CsvParser parser(messageName(file), delimiterOf(file, delimiter), builder);
-    std::vector<char> piece(pieceSize);
-    bool first = true;
-    std::size_t size = 0;
-    while ((size = std::fread(piece.data(), 1, piece.size(), input.get())) != 0) {
-        std::string_view const read(piece.data(), size);
-        std::string_view const text = first ? withoutMark(read, file) : read;
-        parser.parse(text.data(), text.size());
-        first = false;
+Data readFile(std::string const& file, ReadOptions const& options) {
+    std::string const ending = options.format.empty() ? endingOf(file) : options.format;
+    bool const lines = ending == "jsonl" || ending == "ndjson";
+    bool const json = lines || ending == "json";
+    bool const tabs = ending == "tsv" || ending == "tab";
+    char const delimiter = options.delimiter.empty() ? (tabs ? '\t' : ',') : options.delimiter.front();
+    Table const table =
+        json ? readRecords(file, options, lines) : readSeparated(file, options, delimiter);
+    Data data = withTypes(table, {options.types, !json}, inputName(file));
+    data.title = titleOf(file);
+    log("Read " + data.label + ": " + counted(data.rows(), "data row") + ", " +
+        counted(data.columns(), "column"));
+    for (std::size_t i = 0; i < data.columns(); ++i) {
+        log("  column " + data.name(i) + ": " + typeName(data.types[i]), QX::Log::Debug);
     }
-    if (std::ferror(input.get()) != 0) {
-        failForSystem(file);
-    }
-    parser.finish();
-    builder.finish();
-    return table;
+    return data;
 }
 
 } // namespace qxtab

@@ -1,47 +1,40 @@
 #pragma once
 
-#include "options.h"
+#include "data.h"
 
-#include <qx/qx.h>
-
+#include <cstddef>
 #include <iosfwd>
 #include <string>
 #include <vector>
 
 namespace qxtab {
 
-/// The names that Options::as may have.
-std::vector<std::string> formatNames();
+struct WriteOptions {
+    bool styled = false; ///< whether names stand out, as a terminal shows it
+    bool exact = false;  ///< whether JSON holds everything about the table
+};
 
-/// Writes the table in the format, and with at most the number of data rows, that the options name.
-///
-/// Raises Failure for what the format can't hold. Whether `os` took everything is for the caller to see.
-void writeTable(std::ostream& os, QX::Ptr<QX::Table const> const& table, Options const& options);
+/// A form in which a table is written.
+struct Format {
+    char const* name;
+    char const* help;
+    void (*write)(std::ostream& os, Data const& data, WriteOptions const& options);
+};
 
-/// Writes aligned columns below an underlined header: numbers to the right, everything else to the left,
-/// widths counted in UTF-8 code points.
-void writeText(std::ostream& os, QX::Table const& table);
+/// All formats: the first is for people.
+std::vector<Format> const& formats();
+/// The format of a name. Raises Misuse.
+Format const& formatNamed(std::string const& name);
 
-/// Writes a header and one line per data row, with fields quoted where it is needed to read the same
-/// table again. An empty cell is a field without text, a string cell without characters is "", and so is
-/// the empty name of a table's only index, since a line without text names nothing. Numbers that are not
-/// finite are written as nan, inf and -inf, which read back as texts.
-void writeSeparated(std::ostream& os, QX::Table const& table, char delimiter);
+/// Writes columns that are aligned, and everything visible.
+void writeText(std::ostream& os, Data const& data, WriteOptions const& options);
 
-/// Writes an array with one object per data row, in the order of the indices.
-///
-/// Empty cells, numbers that are not valid and those that are not finite become null, a nested table
-/// becomes an array like this one, an error its marked message. An index without a name is called
-/// "column N", and a name that was there before gets " (2)", " (3)" and so on, so that no value is lost.
-///
-/// Raises Failure for a text that is not UTF-8.
-void writeJson(std::ostream& os, QX::Table const& table);
+/// Writes an array of objects, one for each row, or the objects alone, each on a line. Numbers that are
+/// such in JSON are written as they were read, in columns of numbers.
+void writeJson(std::ostream& os, Data const& data, WriteOptions const& options);
+void writeJsonLines(std::ostream& os, Data const& data, WriteOptions const& options);
 
-/// Writes the values below the names, each on a line as it is, index by index: a text that holds a line
-/// end goes over several lines, an empty cell gives an empty line.
-void writeValues(std::ostream& os, QX::Table const& table);
-
-/// The number of rows below the names.
-std::size_t dataRows(QX::Table const& table);
+/// The text of a cell as writeText() shows it.
+std::string shownText(QX::Cell const& cell);
 
 } // namespace qxtab

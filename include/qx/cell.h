@@ -1,6 +1,9 @@
 #pragma once
 
-#include "qx/cellcontent.h"
+#include "qx/detail/arithmetic.h"
+#include "qx/detail/cellcontent.h"
+#include "qx/detail/failure.h"
+#include "qx/detail/number.h"
 #include "qx/export.h"
 #include "qx/ptr.h"
 #include "qxbase/analyticdouble.h"
@@ -17,6 +20,18 @@ namespace QX {
 class CellImplementation;
 class Table;
 
+namespace Detail {
+
+template <typename T>
+inline constexpr bool isCharacterType =
+    std::is_same<T, char>::value || std::is_same<T, wchar_t>::value ||
+#if defined(__cpp_char8_t)
+    std::is_same<T, char8_t>::value ||
+#endif
+    std::is_same<T, char16_t>::value || std::is_same<T, char32_t>::value;
+
+} // namespace Detail
+
 /// The value at one position of a table: nothing, a text, a number, a nested table or an error.
 ///
 /// A cell is a small handle over a body that never changes. Copying or assigning a cell, or storing it
@@ -25,7 +40,8 @@ class Table;
 /// cell can change, and then changes for every cell that shares it.
 ///
 /// All conversions are `Status get(T& out) const`: they never throw for a value that does not fit but
-/// return an Error with code -1, and leave `out` untouched unless said otherwise below. Which kind
+/// return an Error with code -1, and leave `out` untouched unless said otherwise below. Trying is cheap: a
+/// conversion that the kind does not support allocates nothing until the message is asked for. Which kind
 /// converts to what:
 ///
 ///     kind      Str    bool   double, AnalyticDouble   int     Date     Status   Ptr<Table>
@@ -57,8 +73,8 @@ public:
     Cell(Cell const& other) noexcept : content_(other.content_) {}
     /// Takes over the body of `other`, which becomes an empty cell.
     Cell(Cell&& other) noexcept : content_(std::move(other.content_)) {}
-    /// Holds what a body holds, sharing that of a table or an error; for the library's own use. A null
-    /// body gives an empty cell.
+    /// Holds what a body holds, sharing a long text, a table or an error; for the library's own use. A
+    /// null body gives an empty cell.
     Cell(Ptr<CellImplementation> const& body);
     /// Makes the kind of cell that `text` reads as, the first of these that fits:
     ///
@@ -76,8 +92,14 @@ public:
     /// So no cell holds a text that reads as a number: "007" becomes 7. Uses no stream; allocates
     /// nothing but the body of a text of more than 15 bytes, or that of an error and its message.
     Cell(Str const& text);
-    /// Makes a valid number of any double, NaN and infinities included; allocates nothing.
+    /// Makes a valid number of any double, NaN and infinities included; allocates nothing. Integers
+    /// convert to it, and so does a bool: true is 1, which get(bool&) reads as true.
     Cell(double value) noexcept : content_(value, true) {}
+    /// A character or a kind is no number: neither compiles.
+    template <typename T, std::enable_if_t<Detail::isCharacterType<T>, int> = 0>
+    Cell(T character) = delete; // write Cell(Str("x")) for a text, Cell(int(character)) for its code
+    template <typename T, std::enable_if_t<std::is_same<T, CellType>::value, int> = 0>
+    Cell(T kind) = delete; // write Cell() for an empty cell, Cell(int(kind)) for the number of a kind
     /// Makes a number with the validity of `value`; allocates nothing.
     Cell(AnalyticDouble const& value) : content_(value) {}
     /// Makes an error cell that holds `status`, whatever its state; an Ok status makes an error cell,
@@ -113,29 +135,49 @@ public:
     bool empty() const { return content_.isEmpty(); }
 
     /// Reads a number, whatever its validity.
-    Status get(double& out) const;
+    Status get(double& out) const {
+        if (!content_.isNumber()) {
+            return Detail::failure(notDouble);
+        }
+        out = content_.number();
+        return Status();
+    }
     /// Reads a number with its validity.
-    Status get(AnalyticDouble& out) const;
+    Status get(AnalyticDouble& out) const {
+        if (!content_.isNumber()) {
+            return Detail::failure(notAnalyticDouble);
+        }
+        out = content_.analytic();
+        return Status();
+    }
     /// Reads a number truncated toward zero.
     ///
     /// `out` is written for every number; beyond the range of an int, and for NaN, it is -2147483648.
-    /// Returns Error "Integer not equivalent to number" unless the number is whole: within one machine
-    /// epsilon, relative to its magnitude, of `out`. So infinities count as whole and 3e9 does not; this
-    /// is what "whole" means in all of this class.
+    /// Returns Error "Integer not equivalent to number" unless the number is whole, which in all of this
+    /// class means: within one machine epsilon (2.2e-16), relative to its magnitude but to no less than 1,
+    /// of `out`. So infinities and every number of a magnitude up to 2.2e-16 count as whole (the latter
+    /// give 0), and 3e9 does not.
     Status get(int& out) const;
     /// Reads a truth value: a number is true unless 0 (NaN is true), a text when it is "TRUE" in any
     /// letter case; false for empty and error cells.
     Status get(bool& out) const;
     /// Reads a text: that of a string cell, "" of an empty cell, the marked message ("#Err: ...") of an
-    /// error cell.
+    /// error cell. The message of an Ok status has no mark, so it does not read back as an error.
     ///
     /// A number gives, in this order: "NULL" when it is not valid and `precision` is not 0; its exact
     /// form ("## 0 1076428800") when `precision` is -1 and it is not whole; exactly `precision` digits
     /// after the point when `precision` is above 0 and it is not whole; otherwise Str::asString() of it.
     /// Precision 0 is the ordinary text. Other kinds ignore `precision`. The text takes as many bytes as
     /// asked for, and raises std::bad_alloc where there is no memory for them.
-    Status get(Str& out, int precision) const;
-    /// Reads the status of an error cell: always an Error with code -1 and the message without marks.
+    Status get(Str& out, int precision) const {
+        if (!content_.isText()) {
+            return getOther(out, precision);
+        }
+        out.assign(content_.text().data(), content_.text().size());
+        return Status();
+    }
+    /// Reads the status of an error cell: always an Error with code -1 and the message without marks, also
+    /// where the cell was made of an Ok status.
     Status get(Status& out) const;
     /// Reads the nested table, shared: changes made through `out` are seen through this cell. A cell
     /// made from a table const gives out its own copy.
@@ -154,10 +196,15 @@ public:
     /// error cell, a nested table as Table::display() with number -1.
     ///
     /// A number is written as a double when it is whole, otherwise in exact form; "[Undefined]" when it
-    /// is not valid. The stream's own formatting of doubles and ints applies. The exact form in decimal
-    /// and that of an empty cell read back through Cell(Str const&) as equal cells, and so do whole
-    /// numbers when the stream's precision shows all their digits (10 always do, the usual 6 show those
-    /// below a million); infinities read back as texts.
+    /// is not valid. The stream's own formatting of doubles and ints applies.
+    ///
+    /// Through Cell(Str const&), what a stream in decimal, of the classic locale and without a width
+    /// writes reads back as an equal cell for texts, empty cells, numbers in exact form, and whole numbers
+    /// of which the stream's precision shows all digits (10 shows those of every int, the usual 6 those
+    /// below a million). What does not: tiny numbers, which count as whole (1.054571817646156e-34 is
+    /// written as 1.05457e-34, unless the precision is 17); infinities and "[Undefined]", which read as
+    /// texts; tables and errors; and numbers on a stream that groups digits, has a decimal comma, writes
+    /// hexadecimal or fills up a width.
     virtual std::ostream& display(std::ostream& os) const;
 
     /// True when this cell equals `other`; not symmetric, since the left cell decides:
@@ -171,9 +218,13 @@ public:
     ///
     /// `flag` true compares texts without regard to the case of ASCII letters. A text has a date only
     /// when it is YYYY-MM-DD; a number's date is get(Date&), valid or not. Neighbours are equal doubles,
-    /// or doubles of one sign that are next to each other (0.1 + 0.2 and 0.3), or NaNs of one bit
-    /// pattern; validity does not count. The same table means the same Table object, not equal contents.
-    bool compare(Cell const& other, bool flag) const;
+    /// or doubles of one sign whose bits are at most one apart (0.1 + 0.2 and 0.3, NaNs of one bit
+    /// pattern or of two adjacent ones, infinity and the NaN next to it); validity does not count. The same
+    /// table means the same Table object, not equal contents.
+    bool compare(Cell const& other, bool flag) const {
+        return hasNumbers(other) ? Detail::equalNumbers(content_.number(), other.content_.number())
+                                 : equals(other, flag);
+    }
 
     /// True when this cell sorts before `other`:
     ///
@@ -192,21 +243,47 @@ public:
     ///
     /// This is not a strict weak order: an empty cell is before itself, and a string cell and an empty
     /// cell are each before the other. Don't hand it to algorithms that rely on one.
-    bool operator<(Cell const& other) const;
+    bool operator<(Cell const& other) const {
+        return hasNumbers(other) ? content_.number() < other.content_.number() : isBefore(other);
+    }
 
     /// Computes this cell, `op`, `other`; neither operand changes.
     ///
     /// Two numbers combine by "+", "-", "*" and "/" as AnalyticDouble does; "%" truncates both to int
     /// and gives the remainder with the sign of the left one (not valid when the right one truncates to
-    /// 0; 0 for -2147483648 % -1). Any other right operand or operator on a number gives the string cell
+    /// 0; 0 for -2147483648 % -1). It alone does not look at validity: a 7 that is not valid % 4 is a valid
+    /// 3. Any other right operand or operator on a number gives the string cell
     /// "that cell is not numeric". On any other kind it gives an error cell "Cell operation not
     /// supported for this type".
-    Cell const operation(Cell const& other, Str const& op) const;
+    Cell const operation(Cell const& other, Str const& op) const {
+        Detail::Operator const known =
+            hasNumbers(other) ? Detail::operatorOf(op) : Detail::Operator::Unknown;
+        return known == Detail::Operator::Unknown
+                   ? Cell(Detail::CellContent(notComputed()))
+                   : Cell(Detail::operate(known, content_.analytic(), other.content_.analytic()));
+    }
 
 private:
     friend class CellImplementation;
 
     explicit Cell(Detail::CellContent&& content) noexcept : content_(std::move(content)) {}
+
+    /// True when this cell and `other` are both numbers, for which the header alone has the answers.
+    bool hasNumbers(Cell const& other) const noexcept {
+        return content_.isNumber() && other.content_.isNumber();
+    }
+    /// The failures of get() of what is no number. They lie in the library, so that no status of them
+    /// outlives a plugin that read a cell.
+    static char const notDouble[];
+    static char const notAnalyticDouble[];
+    /// get() of a text from what is no string cell.
+    Status getOther(Str& out, int precision) const;
+    /// compare().
+    bool equals(Cell const& other, bool flag) const;
+    /// operator<.
+    bool isBefore(Cell const& other) const;
+    /// What operation() gives where nothing can be computed.
+    QX_COLD Detail::CellContent::Bits notComputed() const;
 
     Detail::CellContent content_;
 };

@@ -14,12 +14,17 @@ namespace QX {
 ///
 /// Its text is in the report: a Status in state Error with the message, the library's name for where it
 /// raises ("table\src\tableimpl" for all that tables do), and the line of the raise in the source file
-/// that does it, for the library's developers. what() gives the standard library's default text. May be
-/// caught by a module other than the one that threw it.
+/// that does it, for the library's developers. what() is not overridden: it gives the standard library's
+/// default text, "std::exception" for one, so catch an Except before a `std::exception` and print it by
+/// operator<<, or read `report().message(false)`. May be caught by a module other than the one that threw
+/// it.
+///
+/// A chain of wrapped exceptions may have any length: printing and ending it take a small, fixed part of
+/// the stack and no memory.
 class QX_API Except : public std::exception {
 public:
     /// Copies `report`.
-    explicit Except(Report const& report);
+    Except(Report const& report);
     /// Copies `report` and takes over an earlier exception that this one wraps, with all that it wraps
     /// itself.
     Except(Report const& report, std::unique_ptr<Except> inner);

@@ -22,3 +22,12 @@
 #else
 #define QX_LOCAL [[gnu::visibility("hidden")]]
 #endif
+
+/// Marks a function that is rarely called, so that its callers keep their registers where it is not.
+#if defined(__GNUC__)
+#define QX_COLD [[gnu::cold]]
+#else
+#define QX_COLD
+#endif
+
+#include "qx/abi.h" // each public header brings it along

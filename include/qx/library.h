@@ -13,7 +13,7 @@ namespace QX {
 class QX_API LibraryBase {
 public:
     /// Makes a description that supports one interface, without a name, at version 0.0.
-    explicit LibraryBase(int number);
+    LibraryBase(int number);
     /// Copies name, version and interfaces.
     LibraryBase(LibraryBase const& other) = default;
     /// Copies name, version and interfaces, which replace those of this description.
@@ -49,7 +49,7 @@ public:
     /// Makes a moniker without a name.
     Moniker() = default;
     /// Makes a moniker with a name.
-    explicit Moniker(Str const& name);
+    Moniker(Str const& name);
     /// Copies both texts.
     Moniker(Moniker const& other) = default;
     /// Copies both texts.

@@ -6,6 +6,7 @@
 #include "qxbase/str.h"
 
 #include <iosfwd>
+#include <type_traits>
 
 namespace QX {
 
@@ -15,13 +16,21 @@ namespace QX {
 ///
 /// A message has a level and is written when that is at or below the log's own. It begins with the date
 /// and the time, each of which can be turned off, and, for level 1 and up, with the log's name and the
-/// level. Date and time are the local ones. Every line that the log ends itself is flushed. A log whose
-/// stream is null writes nothing.
+/// level. Date and time are the local ones. Every message, report and exception is flushed, so that what
+/// explains a crash is there after it. A log whose stream is null writes nothing.
 ///
 /// A log writes to a stream that it owns or to one that the caller keeps alive. It deletes a stream that
 /// it owns when it goes over to another and when it is destroyed, and never touches the end of another.
 /// Only one log owns a stream: a copy writes to the same stream without owning it, so the owner must
-/// live, and keep the stream, for as long as its copies write. Moving a log is copying it.
+/// live, and keep the stream, for as long as its copies write. Moving a log hands over the stream with
+/// its ownership, and leaves a log without a stream.
+///
+/// One file belongs to one log. A second log of the process that opens it is refused: it writes nothing,
+/// which good() tells, and the file stays as it is. To have two logs write to one file, copy the log that
+/// opened it. Logs of other processes, and streams that the caller opened, are not noticed.
+///
+/// A message that can't be written, to a full disk for one, is lost, and good() is false; the next one is
+/// tried again, whatever state the stream was left in.
 ///
 /// A log belongs to one thread at a time. Beside std::bad_alloc when memory runs out and what the
 /// streams themselves throw, nothing here throws. A message for which there is no memory is not written,
@@ -48,6 +57,13 @@ public:
     /// A stream that this log owned is deleted, unless it is that of `other` already; it then stays
     /// owned.
     Log& operator=(Log const& other);
+    /// Takes over all settings and the stream, with its ownership; `other` then writes nothing.
+    Log(Log&& other) noexcept;
+    /// Takes over all settings and the stream, with its ownership; `other` then writes nothing.
+    ///
+    /// A stream that this log owned is deleted, unless it is that of `other` already; it then stays
+    /// owned. Moving a log to itself changes nothing.
+    Log& operator=(Log&& other) noexcept;
     /// Flushes and deletes the stream if this log owns it.
     ~Log();
 
@@ -71,10 +87,21 @@ public:
     /// Goes over to a new file, which replaces a file of that name; the log owns its stream.
     ///
     /// The message "Switching log to NAME" at the log's level goes to the former stream, report() to the
-    /// file. `fileName` is UTF-8. A file that cannot be opened is not reported: later messages are lost
-    /// until the stream is changed again. Of a name with a zero byte in it no file is opened. On
-    /// Windows, raises std::system_error for a name that is not UTF-8; the stream is then the former.
+    /// file. `fileName` is UTF-8. When the file cannot be opened, or is the file of another log, all
+    /// messages are lost until the stream is changed again: good() is then false. A log may open its own
+    /// file again. Of a name with a zero byte in it no file is opened. On Windows, raises
+    /// std::system_error for a name that is not UTF-8; the stream is then the former.
     void setStream(Str const& fileName);
+    /// Does not compile: a stream comes with a word on who deletes it, and a null pointer is no name.
+    template <typename T, typename = std::enable_if_t<std::is_convertible<T, std::ostream*>::value ||
+                                                      std::is_arithmetic<T>::value>>
+    void setStream(T) {
+        static_assert(sizeof(T) == 0, "write setStream(stream, owns), with nullptr to write nothing, or "
+                                      "setStream(Str(fileName))");
+    }
+    /// True when there is a stream and all of the last message reached it; true before the first one of a
+    /// stream that is in a good state.
+    bool good() const;
 
     /// Writes a text as one line.
     void send(Str const& text, LogLevel level);
@@ -82,6 +109,12 @@ public:
     void send(Report const& report, LogLevel level);
     /// Writes an exception with those that it wraps, innermost first, each as Report::display() does.
     void send(Except const& e, LogLevel level);
+    /// Does not compile: a number is no text, and 0 would be a null pointer to one.
+    template <typename T, typename = std::enable_if_t<std::is_arithmetic<T>::value ||
+                                                      std::is_null_pointer<T>::value>>
+    void send(T, LogLevel) {
+        static_assert(sizeof(T) == 0, "send a text: Str::asString(number) for a number");
+    }
 
     /// Writes a line of 88 "=", whatever the level.
     void banner();

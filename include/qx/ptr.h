@@ -1,5 +1,6 @@
 #pragma once
 
+#include "qx/detail/count.h"
 #include "qx/export.h"
 
 #include <cstddef>
@@ -20,7 +21,8 @@ namespace QX {
 /// The count block that all Ptr copies of one object share: how many there are, which module made the
 /// block, and the deleter that ends object and block.
 ///
-/// The count is a plain integer: all handles of one object belong to one thread at a time.
+/// The count is a plain integer: all handles of one object belong to one thread at a time. With
+/// QX_SHARED_READS it is atomic: threads may copy and release handles of one object at once.
 class QX_API PtrRefCount {
 public:
     /// Called with the block and the object when the last handle goes; frees both.
@@ -35,13 +37,13 @@ public:
     ~PtrRefCount();
 
     /// Adds one to the count.
-    void increment() { ++count_; }
+    void increment() { count_.add(); }
     /// Takes one from the count, which must not be 0; true when it has become 0.
-    bool decrement() { return --count_ == 0; }
+    bool decrement() { return count_.take(); }
     /// True when the count is 0: nobody shares the block any more.
-    bool canDelete() { return count_ == 0; }
+    bool canDelete() { return count() == 0; }
     /// The number of handles that share the block.
-    std::uint32_t count() const { return count_; }
+    std::uint32_t count() const { return count_.value(); }
     /// The module tag.
     char const* location() const { return location_; }
     /// Calls the stored deleter with this block and `object`; the block is gone afterwards.
@@ -52,14 +54,13 @@ public:
     ///
     /// Raises std::logic_error "Deletion across dll boundary" when the block was not made under the
     /// module tag "qxdll", or else "Reference Count non zero" while the count is above 0; object and
-    /// block are then untouched. A Ptr can't pass an exception on: one whose deleter this is must hold a
-    /// block of that tag.
+    /// block are then untouched. Of a Ptr only reset() passes such an exception on.
     static void release(PtrRefCount* block, void* object);
 
 private:
     PtrRefCount(PtrRefCount const&) = delete;
 
-    alignas(8) std::uint32_t count_ = 1; // cells use the free bits of a block's address
+    alignas(8) Detail::Count count_{1}; // cells use the free bits of a block's address
     Deleter deleter_;
     char const* location_;
 };
@@ -86,7 +87,11 @@ QX_LOCAL void deleteObject(PtrRefCount* block, void* object) {
 /// module releases it last. A handle is null when it lacks the object or the count block; a copy of such
 /// a handle lacks both.
 ///
-/// All handles of one object belong to one thread at a time.
+/// A deleter that raises, as PtrRefCount::release() does for another module's block, ends the program
+/// unless the last handle goes by reset().
+///
+/// All handles of one object belong to one thread at a time. With QX_SHARED_READS threads may copy and
+/// release them at once, each by a handle that no other thread changes.
 template <typename T>
 class Ptr {
 public:
@@ -104,25 +109,36 @@ public:
     Ptr(Ptr const& other) noexcept { share(other.object_, other.block_); }
     /// Shares the object of a handle to a compatible class, such as `Ptr<Table>` for `Ptr<Table const>`.
     ///
-    /// A derived class must have T as its first base: the object's address stays what it was.
+    /// The deleter is to get the address that the object was made at. So where T is a base class that
+    /// lies elsewhere in the object, the handle has a block of its own, which keeps a copy of `other`;
+    /// making it may raise std::bad_alloc, and useCount() counts the handles of either block.
     template <typename U, typename = std::enable_if_t<std::is_convertible<U*, T*>::value>>
-    Ptr(Ptr<U> const& other) noexcept {
-        share(other.object_, other.block_);
+    Ptr(Ptr<U> const& other) noexcept(std::is_same<std::remove_cv_t<U>, std::remove_cv_t<T>>::value);
+    /// Takes over the reference of `other`, which becomes null. A null handle is copied instead: this one
+    /// lacks object and block, and `other` stays as it is.
+    Ptr(Ptr&& other) noexcept {
+        if (!other.isNull()) {
+            swap(other);
+        }
     }
-    /// Takes over the reference of `other`, which becomes null.
-    Ptr(Ptr&& other) noexcept { swap(other); }
     /// Releases the reference; the last one runs the deleter.
-    ~Ptr() { release(); }
+    ~Ptr() { release(object_, block_); } // NOLINT(clang-analyzer-cplusplus.NewDelete): it loses count
 
     /// Shares the object of `other`, then releases what was held; null when `other` is null. Nothing
-    /// changes when both share one object already.
+    /// changes when both have one block already, even if they refer to different objects.
     Ptr& operator=(Ptr const& other) noexcept {
-        Ptr(other).swap(*this);
+        if (other.isNull() || other.block_ != block_) {
+            Ptr(other).swap(*this);
+        }
         return *this;
     }
-    /// Takes over the reference of `other`, which becomes null, then releases what was held.
+    /// Takes over the reference of `other`, then releases what was held: as a copy, after which `other`
+    /// is reset. Moving a handle to itself changes nothing.
     Ptr& operator=(Ptr&& other) noexcept {
-        Ptr(std::move(other)).swap(*this);
+        Ptr moved(std::move(other));
+        if (moved.isNull() || moved.block_ != block_) {
+            moved.swap(*this);
+        }
         return *this;
     }
 
@@ -140,8 +156,12 @@ public:
     explicit operator bool() const noexcept { return !isNull(); }
     /// The number of handles that share the object; 0 for a null handle.
     std::uint32_t useCount() const noexcept { return isNull() ? 0 : block_->count(); }
-    /// Releases the reference and leaves a null handle.
-    void reset() noexcept { Ptr().swap(*this); }
+    /// Releases the reference and leaves a null handle; raises what the deleter raises.
+    void reset() {
+        T* const object = std::exchange(object_, nullptr);
+        PtrRefCount* const block = std::exchange(block_, nullptr);
+        release(object, block);
+    }
     /// Exchanges two handles; no count changes.
     void swap(Ptr& other) noexcept {
         std::swap(object_, other.object_);
@@ -159,15 +179,53 @@ private:
             block_ = block;
         }
     }
-    void release() noexcept {
-        if (block_ != nullptr && block_->decrement()) {
-            block_->remove(const_cast<std::remove_cv_t<T>*>(object_));
+    static void release(T* object, PtrRefCount* block) {
+        if (block != nullptr && block->decrement()) {
+            block->remove(const_cast<std::remove_cv_t<T>*>(object));
         }
     }
 
     T* object_ = nullptr;
     PtrRefCount* block_ = nullptr;
 };
+
+namespace Detail {
+
+/// The block of handles to a base class that lies elsewhere in the object than at its beginning.
+template <typename U>
+class BaseBlock final : public PtrRefCount {
+public:
+    /// Keeps the object alive by a handle that knows the address at which it was made.
+    explicit BaseBlock(Ptr<U> const& whole) : PtrRefCount(QX_MODULE_TAG, &end), whole_(whole) {}
+
+private:
+    QX_LOCAL static void end(PtrRefCount* block, void* /*object: a part of the whole*/) {
+        requireReleased(*block);
+        delete static_cast<BaseBlock*>(block);
+    }
+
+    Ptr<U> whole_;
+};
+
+} // namespace Detail
+
+template <typename T>
+template <typename U, typename>
+Ptr<T>::Ptr(Ptr<U> const& other) noexcept(
+    std::is_same<std::remove_cv_t<U>, std::remove_cv_t<T>>::value) {
+    if (other.isNull()) {
+        return;
+    }
+    T* const object = other.object_;
+    if constexpr (!std::is_same<std::remove_cv_t<U>, std::remove_cv_t<T>>::value) {
+        if (static_cast<void const volatile*>(object) != other.object_) {
+            block_ = new Detail::BaseBlock<U>(other);
+            object_ = object;
+            return;
+        }
+    }
+    share(object, other.block_);
+}
 
 template <typename T>
 Ptr<T>::Ptr(T* object) {

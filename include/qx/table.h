@@ -1,6 +1,7 @@
 #pragma once
 
 #include "qx/cell.h"
+#include "qx/detail/latebody.h"
 #include "qx/export.h"
 #include "qx/ptr.h"
 #include "qxbase/status.h"
@@ -39,10 +40,15 @@ class TableImplementation;
 /// Index and item numbers count from 0; `npos` (what -1 converts to) means "append" to the growing
 /// accessors and no such position elsewhere.
 ///
-/// Looking a name up costs one comparison per index, up to the first match; the name is matched as the
-/// cell that Cell(Str const&) makes of it, against item 0 of each index that has items, under
-/// `item0.compare(name, false)`. The first index that matches wins. So "2" finds an index named by the
-/// number 2, and also one named by its neighbouring double.
+/// A name that is looked up is matched as the cell that Cell(Str const&) makes of it, against item 0 of
+/// each index that has items, under `item0.compare(name, false)`. The first index that matches wins. So
+/// "2" finds an index named by the number 2, and also one named by its neighbouring double.
+///
+/// Looking a name up takes constant time in the mean, however many indices there are: up to 32 are looked
+/// at one by one, more are filed by name when they have been looked through some 32 times. References to
+/// names are what makes it slower: at(i, 0) hands one out, through which the name may change until an index
+/// is added. After calls for more than 32 different indices, names are looked at one by one until then. To
+/// read names, use get().
 ///
 /// When memory runs out, std::bad_alloc is raised and tables are left as they were; `result` may then
 /// hold a part of what was to come. A table and all tables and cells that share its bodies belong to one
@@ -94,7 +100,10 @@ public:
     ///
     /// A new position holds an empty cell; indices before a new index are empty; other indices keep
     /// their length. i = npos adds an index (and j = npos is then its item 0); j = npos adds an item to
-    /// index i. The reference is valid until the table grows or its body goes.
+    /// index i. The reference is valid until the table grows or its body goes: to append a cell of this
+    /// table, copy it first, as in `t.at(i, Table::npos) = Cell(t.get(i, 1))`.
+    ///
+    /// Reading through it adds what is missing, too; get() never does.
     ///
     /// Raises std::length_error or std::bad_alloc for a position beyond any memory; nothing changes
     /// then.
@@ -131,6 +140,20 @@ public:
     ///
     /// Cost: linear in the cells, each body walked once.
     bool check() const;
+
+    /// The most tables that one call descends into again: 4,194,304 unless set otherwise.
+    ///
+    /// Cells may share one nested table, and a table that holds the next one twice, n levels deep, is met
+    /// along 2^n ways. check(), match(), sums, releasing and operations that share cells take each table
+    /// once. What writes or copies a nested table wherever it is met can't: clone(), display(), compare()
+    /// where tables differ, overlay(), operation(), makeTemplate(), append() with `distinct` and paths
+    /// that fan out raise Except "Nested tables repeat too often" when they meet so many tables more than
+    /// there are cells that hold one. Inputs are then as before, and `result` holds what was computed so
+    /// far.
+    static std::size_t repeatLimit() noexcept;
+    /// Sets that limit for all tables of the process; any thread may do so at any time, and calls that
+    /// have begun keep the one they began with.
+    static void setRepeatLimit(std::size_t count) noexcept;
 
     /// Makes a deep copy, attributes included: nested tables are copied with it, theirs too, other cell
     /// bodies shared.
@@ -171,8 +194,9 @@ public:
     ///
     /// `result` is made to refer to a new table named "results" of one index, which is named after the
     /// last step walked and holds the values, shared. A position that a table lacks gives an empty cell.
-    /// For an empty path, or one whose first step stops the walk, it is a table named "Xpath" whose
-    /// index "base" holds this table, shared. Never changes this table. Always returns Ok.
+    /// For an empty path, or one whose first step stops the walk ("[2]", "a[x]"), it is a table named
+    /// "Xpath" whose index "base" holds this table: a new handle that shares the data, with attributes of
+    /// its own, which are empty. Never changes this table. Always returns Ok.
     ///
     ///     this                       path       result
     ///     price 10 20 30             price      price 10 20 30
@@ -181,8 +205,10 @@ public:
 
     /// The first value that the path reaches, its body shared; an empty cell when there is none.
     ///
-    /// An empty path gives a table cell that shares this table. `defaultValue` is never used. Never
-    /// changes this table.
+    /// An empty path, or one whose first step stops the walk, gives a table cell that shares this table's
+    /// data. `defaultValue` is never used. Never changes this table.
+    ///
+    /// Cost: looks no further than the first value, and at each table once for each step.
     Cell atXPath(Str const& path, Cell const& defaultValue, char separator = '/') const;
 
     /// The value at the path, to read or assign; the last step stands for item 1 unless it has a number.
@@ -190,8 +216,13 @@ public:
     /// With `create` false, the steps before the last are walked as above, and the value must lie within
     /// the item count of the first table reached; an index that lacks it is added or grown all the same.
     /// With `create` true, each step adds the index that a table lacks, with a new empty table of the
-    /// step's name in item 1, and grows indices to the items it names; so every part of the path is made
-    /// as needed, but no table is put in place of another value.
+    /// step's name in item 1, and grows indices to the items it names; no table is put in place of another
+    /// value. A step "name[n]" before the last so leads on only for n = 1, or where item n holds a table:
+    /// "a[2]/b" in an empty table adds index a and raises.
+    ///
+    /// A step that stops the walk before the last stops it here, too, without a failure: in "cfg[x]/size"
+    /// nothing is walked, and `size` is written in this table itself. Check paths that come from outside
+    /// with TblPath::currentPath().
     ///
     /// Returns a reference into the addressed table, valid until that grows. Raises Except "No value at
     /// specified xpath 'PATH'" when the steps before the last, whose work remains, reach no table first,
@@ -199,11 +230,16 @@ public:
     /// `create`. Raises std::length_error or std::bad_alloc for an item beyond any memory; all that the
     /// steps made is then gone again.
     Cell& atXPath(Str const& path, bool create, char separator = '/');
-    /// Not there: a fractional number or a text literal given as default value would count as `create`,
-    /// true. A whole number still does: write `Cell(42)`.
-    template <typename T,
-              typename = std::enable_if_t<std::is_floating_point<T>::value || std::is_pointer<T>::value>>
-    Cell& atXPath(Str const& path, T defaultValue, char separator = '/') = delete;
+    /// Does not compile: a number, a separator or a text literal in the place of `create` would count as
+    /// true. Write `Cell(42)` for a default value, and `create` before a separator.
+    template <typename T, typename = std::enable_if_t<
+                              (std::is_arithmetic<T>::value && !std::is_same<T, bool>::value) ||
+                              std::is_pointer<T>::value || std::is_null_pointer<T>::value>>
+    Cell& atXPath(Str const&, T, char = '/') {
+        static_assert(sizeof(T) == 0, "write atXPath(path, create, separator) with a bool, or "
+                                      "atXPath(path, Cell(value)) for a default value");
+        return at(std::size_t(0), std::size_t(0));
+    }
 
     /// Keeps `value`, sharing its body, at a path with separator '/' in this table's attributes, which
     /// are made as needed.
@@ -212,7 +248,8 @@ public:
     /// stay.
     Status setAttribute(Str const& path, Cell const& value);
     /// Makes `value` share the body of the first value at a path in this table's attributes, an empty
-    /// cell when there is none; leaves it as it was when there are no attributes. Always returns Ok.
+    /// cell when there is none, also on a table whose attributes nothing has used. Leaves it as it was only
+    /// when setAttributes() has taken a table without a data body. Always returns Ok.
     Status getAttribute(Str const& path, Cell& value) const;
 
     /// @}
@@ -222,8 +259,9 @@ public:
     /// Each reads this table and an operand, builds a new table and makes `result` refer to it; what
     /// `result` referred to before is released, never written to. The new table shares the cells of its
     /// inputs, nested tables included, and has empty attributes. Inputs are never changed. A table is
-    /// read as a rectangle: positions that a short index lacks are empty cells. `result` may be a handle
-    /// to this table or to the operand, even the last one, unless said otherwise.
+    /// read as a rectangle: positions that a short index lacks are empty cells; a table none of whose
+    /// indices has an item counts as one without indices. `result` may be a handle to this table or to
+    /// the operand, even the last one, unless said otherwise.
     ///
     /// Unless said otherwise a null operand raises Except "No operand table provided" before anything
     /// happens, and the cost is linear in the cells read and placed. Where names are matched "by cell",
@@ -256,7 +294,8 @@ public:
     ///
     /// Each named index gets `count` items, its name included, but never fewer than this table's item
     /// count (so -1 stands for that); an index that this table lacks is added at the end. An operand
-    /// index without item 1 fills with empty cells; items 2 and beyond are not read.
+    /// index without item 1 fills with empty cells; items 2 and beyond are not read. Of two operand
+    /// indices of one name the later one's value remains.
     ///
     /// The result is named "THIS and THIS". Returns Ok, or Error "Fill Table must contain two rows" when
     /// no operand index has two items (`result` is then left as it was). Raises std::bad_alloc when
@@ -300,6 +339,8 @@ public:
     /// A nested table of the operand is laid over the nested table beneath, or over a new empty one, by
     /// the same rules; the result holds the new table, and neither input's nested table changes.
     ///
+    /// Of two operand indices of one name the second is laid first, so that the first one's cells win.
+    ///
     /// The result is named after the operand. A null operand gives a copy of this table, padded to a
     /// rectangle and named after it. Always returns Ok. Raises Except "Result table cannot be same as
     /// 'this' table" when `result` refers to this table's data; `result` is then left as it was.
@@ -327,9 +368,10 @@ public:
     /// specified as indices not items in the selection table" when an operand index has more than two
     /// items.
     ///
-    /// Cost: linear; `distinct` sorts each index that holds numbers next to each other or not valid, and
-    /// compares rows with all rows kept that agree with them in every index that does not hold dates
-    /// beside numbers.
+    /// Cost: linear. With `distinct` an index in which cells may equal cells of other content (numbers next
+    /// to each other, dates beside numbers, several sorts of empty cells) takes some look-ups more for each
+    /// row, and each sort of such cells in a row may double them; of more than 16 such indices (4 with dates)
+    /// only so many are looked up, and rows that agree in them are compared one by one.
     Status select(Ptr<Table const> const& operand, Ptr<Table>& result, bool keepUnmatched, bool distinct,
                   bool invert) const;
 
@@ -352,7 +394,10 @@ public:
     /// unless rows were tested all the same; it leaves `result` as it was, and the next condition works
     /// on what `result` holds then, or the filter ends with that status when that is null.
     ///
-    /// Cost of each condition: linear in cells and values.
+    /// Rows whose cell is a table have no text, so `exclude` drops them unless `keepEmpty`.
+    ///
+    /// Cost of each condition: linear in cells and values, and in the rows listed: 3,000 equal rows picked
+    /// by 3,000 equal values make 9,000,000 rows.
     Status filter(Ptr<Table const> const& operand, Ptr<Table>& result, bool keepEmpty,
                   bool exclude) const;
 
@@ -375,8 +420,10 @@ public:
     /// equal in every key keep their order. The order is that of Cell::operator<, empty cells (also
     /// texts without characters and numbers that are not valid) before all others.
     ///
-    /// Where a key index's order and equality disagree, rows can be lost or repeated: a row is listed
-    /// once for each distinct value that it equals. So a column with NaN loses rows, and rows whose
+    /// Where a key index's order and equality disagree, rows are lost or repeated, with Ok: a row is listed
+    /// once for each distinct value that it equals, and errors and tables precede or follow no value. A
+    /// key index [error, 5, "x", 7] leaves one row of four. Whoever sorts what others have filled in
+    /// compares `result->items(0)` with this table's, or keeps errors and tables out of key indices. So a column with NaN loses rows, and rows whose
     /// numbers are next to each other in the double grid are listed once for each of them, anew by every
     /// key. The order among tables, errors and texts that are dates beside numbers is unspecified, but
     /// always the same for the same rows.
@@ -386,10 +433,9 @@ public:
     /// or one that names no index: `result` then holds the rows as sorted by the keys behind it, or is
     /// left as it was when there are none. Keys without a text are skipped.
     ///
-    /// Cost of each key: n log n in the rows for an index of numbers, of texts, or of numbers and texts
-    /// that are no dates, with or without empty cells; for an index that also holds NaN, numbers next to
-    /// each other, errors, tables or dates, each distinct value costs a move of the ordered ones behind
-    /// it. The cells are placed once.
+    /// Cost of each key: n log n in the rows, and linear in the rows listed; for an index with tables or
+    /// with dates beside numbers some twenty times that of others (3 s for a million rows). The cells are
+    /// placed once.
     Status sort(Ptr<Table const> const& operand, Ptr<Table>& result, bool ascending) const;
 
     /// Lists how `right` differs from this table, the left one: one item for each difference in each of
@@ -404,7 +450,8 @@ public:
     /// Cells are compared by `left.compare(right, flag)`. A position counts as missing on a side that
     /// has no such index or whose item count does not reach it; empty cells are never missed. Two nested
     /// tables at one position are compared in their turn, the path leading on ("/t[1]/u[2]"); a path in
-    /// an index without a name begins anew ("[2]").
+    /// an index without a name begins anew ("[2]"). A table with two indices of one name differs from
+    /// itself where these two differ, since both are paired with the first.
     ///
     /// The differences at positions of this table come first, in its order, then those of positions that
     /// only `right` has; in nested tables likewise, at the place of the cell that holds them.
@@ -432,8 +479,8 @@ public:
     /// named "OP operation " and rectangular. Returns Ok. Raises Except "Left and Right operands do not
     /// have matching indices" (or "... items"), "Template and operands do not have matching indices" (or
     /// "... items"), both before `result` changes, except within nested tables; or "Mismatched table
-    /// structure - expected table at index I item J", which leaves in `result` what was computed so far.
-    /// A null `right` or `templ` raises as usual.
+    /// structure - expected table at index I item J", which leaves in `result` what was computed so far;
+    /// I and J count within the nested table where it was met. A null `right` or `templ` raises as usual.
     Status operation(Ptr<Table const> const& right, Str const& op, Ptr<Table const> const& templ,
                      Ptr<Table>& result) const;
 
@@ -462,7 +509,8 @@ public:
     /// Nested tables come first, each headed by a number that its parent's line refers to; the table
     /// itself is headed by its name when `number` is -1, otherwise by `number`. Nested tables are
     /// numbered from `number` + 1 in index-then-item order; a nested table numbers its own from its own
-    /// number + 1.
+    /// number + 1. Numbers wrap around at the largest int, and a nested table whose number comes to -1, as
+    /// below a `number` of -2, is headed by its name though its parent's line refers to it as -1.
     ///
     ///     Table - 0
     ///     Index 0 <eur> 3 4
@@ -483,15 +531,11 @@ protected:
     Ptr<TableImplementation> getImplementation() const;
 
 private:
-    friend class TableImplementation;
-    friend class CellTable;
-
-    TableImplementation const& body() const;
-    Ptr<TableImplementation> heldBody() const;
-    Ptr<TableImplementation> const& heldAttributes() const;
+    friend class TableBodies;
+    friend class NestedTable;
 
     Ptr<TableImplementation> data_;
-    mutable Ptr<TableImplementation> attributes_; // a null handle to an object: still to be made
+    Detail::LateBody attributes_;
 };
 
 } // namespace QX

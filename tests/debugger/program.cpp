@@ -1,11 +1,7 @@
 // Values for the debugger to show. The bodies' headers are here so that the debug information of this
 // program describes them, however the library was built.
 
-#include "cell/cellerror.h"
-#include "cell/cellnumeric.h"
-#include "cell/celltable.h"
-#include "cell/sharedtext.h"
-#include "table/src/tableimpl.h"
+#include "table/model/tableimpl.h"
 
 #include <qx/qx.h>
 
@@ -45,7 +41,7 @@ int main() {
     prices->at("fruit", 1) = QX::Str("apple");
     prices->at("fruit", 2) = QX::Str("pear");
     prices->at("price", 2) = 4.5;
-    prices->setAttribute("currency", QX::Str("EUR"));
+    (void)prices->setAttribute("currency", QX::Str("EUR"));
     QX::Table const ragged("ragged");
     QX::Table(ragged).at(1, 0) = QX::Str("second"); // leaves index 0 without items
     QX::Cell const nested(prices);
@@ -53,6 +49,19 @@ int main() {
     itself.at("inside", 1) = QX::Ptr<QX::Table>(new QX::Table(itself));
     QX::Table const bare{QX::Ptr<QX::TableImplementation>()};
     QX::Ptr<QX::Table const> const nothing;
+
+    QX::Table large("large");
+    for (int i = 0; i <= 100'000; ++i) {
+        large.at("numbers", QX::Table::npos) = i;
+    }
+    large.at("2", 1) = QX::Str("by number");
+
+    QX::AnalyticDouble const quotient(1, 4);
+    QX::AnalyticDouble const quotientOfNothing(1, 0);
+    QX::Date const day(QX::Str("2026-11-22"), QX::Str());
+    [[maybe_unused]] QX::Date const noDay;
+    QX::TblPath const path("stock/crates[2]");
+    QX::TblPath const dotted("stock.crates", '.');
 
     look(&prices);
     itself.at("inside", 1) = QX::Cell(); // otherwise it is never freed

@@ -12,4 +12,5 @@ fail() {
 }
 
 shown=$("$1" -nx -batch -iex "add-auto-load-safe-path $3" -x "$here/commands.gdb" "$2" 2>&1) || fail
-sed -n '/^text = /,$p' <<<"$shown" | grep -v '^\[Inferior' | diff -u "$here/expected.txt" - || fail
+# The classes of the library's own sources are unknown to GDB where the library is built without debug information.
+sed -n '/^text = /,$p' <<<"$shown" | grep -v -e '^\[Inferior' -e '^warning: RTTI symbol not found' | diff -u "$here/expected.txt" - || fail

@@ -22,7 +22,7 @@ exported() {
 }
 
 symbols=$("$@" "$library" | exported | "$cxxfilt" | sort -u)
-allowed="^($tables)?QX::($names)(\(|::|$)"
+allowed="^($tables)?QX::($names)(\[abi:cxx11])?(\(|::|$)"
 if ! grep -qE "^QX::(${names%%|*})(\(|::)" <<<"$symbols"; then
     echo "$library exports nothing of QX::${names%%|*}: is the list not read as it should be?"
     exit 1

@@ -74,7 +74,7 @@ QX::Str textOf(QX::Cell const& cell) {
 QX::Str catchExcept() {
     try {
         QX::Ptr<QX::Table> result;
-        QX::Table().merge(QX::Ptr<QX::Table const>(), result, false);
+        (void)QX::Table().merge(QX::Ptr<QX::Table const>(), result, false);
     } catch (QX::Except const& e) {
         return e.report().message(false);
     }

@@ -11,7 +11,7 @@ Report::Report(Status const& status, Str file, int line)
 
 std::ostream& Report::display(std::ostream& os) const {
     if (!file_.empty()) {
-        os << file_ << '(' << line_ << "): ";
+        os << file_ << '(' << Str::asString(line_) << "): "; // whatever format the stream has
     }
     return os << message(false) << '\n';
 }

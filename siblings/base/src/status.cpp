@@ -1,6 +1,7 @@
 #include "qxbase/status.h"
 
 #include <ostream>
+#include <utility>
 
 namespace QX {
 
@@ -16,6 +17,10 @@ bool isMarked(Str const& text) {
 Status::Status(Str const& text, State state, int code) : text_(text), state_(state), code_(code) {
 }
 
+Status::Status(Str&& text, State state, int code) noexcept
+    : text_(std::move(text)), state_(state), code_(code) {
+}
+
 void Status::clear() {
     *this = Status();
 }
@@ -25,6 +30,10 @@ Status& Status::operator<<(char const* text) {
 }
 
 Status& Status::operator<<(Str const& text) {
+    if (literal_ != nullptr) {
+        text_ = literal_;
+        literal_ = nullptr;
+    }
     text_ += text;
     if (state_ == Ok) {
         state_ = Error;
@@ -41,11 +50,16 @@ Status& Status::operator<<(unsigned long long number) {
     return *this << Str(std::to_string(number));
 }
 
+Status& Status::operator<<(long long number) {
+    return *this << Str(std::to_string(number));
+}
+
 Str Status::message(bool marked) const {
-    if (!marked || state_ == Ok || isMarked(text_)) {
-        return text_;
+    Str text = literal_ == nullptr ? text_ : Str(literal_);
+    if (!marked || state_ == Ok || isMarked(text)) {
+        return text;
     }
-    return Str(state_ == Critical ? "#Critical: " : "#Err: ") + text_;
+    return Str(state_ == Critical ? "#Critical: " : "#Err: ") + text;
 }
 
 std::ostream& operator<<(std::ostream& os, Status const& status) {

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <ostream>
 #include <string_view>
+#include <utility>
 
 namespace QX {
 
@@ -37,12 +38,10 @@ Str::Str(char const* text) : text_(text == nullptr ? "" : text) {
 Str::Str(std::string const& text) : text_(text) {
 }
 
-void Str::anchor() const {
+Str::Str(std::string&& text) noexcept : text_(std::move(text)) {
 }
 
-Str& Str::assign(char const* bytes, std::size_t size) {
-    text_.assign(bytes, size);
-    return *this;
+void Str::anchor() const {
 }
 
 Str Str::operator+(Str const& other) const {

@@ -28,53 +28,62 @@ std::string_view formatOrDefault(Str const& format) {
                           : std::string_view(format.data(), format.size());
 }
 
-/// Takes exactly `digits` digits from the front of `text`; -1 when they are not there.
-int takeNumber(std::string_view& text, std::size_t digits) {
+/// Takes exactly `digits` digits from the front of `text`; false when they are not there.
+bool takeNumber(std::string_view& text, std::size_t digits, int& number) {
     if (text.size() < digits) {
-        return -1;
+        return false;
     }
-    int number = 0;
+    number = 0;
     for (char const c : text.substr(0, digits)) {
         if (c < '0' || c > '9') {
-            return -1;
+            return false;
         }
         number = number * 10 + (c - '0');
     }
     text.remove_prefix(digits);
-    return number;
+    return true;
 }
 
-/// Takes a month name from the front of `text`; -1 when there is none.
-int takeMonthName(std::string_view& text) {
+/// Takes a month name from the front of `text`; false when there is none.
+bool takeMonthName(std::string_view& text, int& month) {
     auto const name = std::find(monthNames.begin(), monthNames.end(), text.substr(0, 3));
     if (name == monthNames.end()) {
-        return -1;
+        return false;
     }
     text.remove_prefix(3);
-    return static_cast<int>(name - monthNames.begin()) + 1;
+    month = static_cast<int>(name - monthNames.begin()) + 1;
+    return true;
+}
+
+/// Takes from the front of `text` what a run of a format says; false when it is not there.
+bool takeField(std::string_view& text, std::string_view run, int& year, int& month, int& day) {
+    if (run == "yyyy") {
+        return takeNumber(text, 4, year);
+    }
+    if (run == "mm") {
+        return takeNumber(text, 2, month);
+    }
+    if (run == "mmm") {
+        return takeMonthName(text, month);
+    }
+    if (run == "dd") {
+        return takeNumber(text, 2, day);
+    }
+    bool const found = text.substr(0, run.size()) == run;
+    text.remove_prefix(found ? run.size() : 0);
+    return found;
 }
 
 std::optional<year_month_day> read(std::string_view text, std::string_view format) {
-    int year = -1;
+    int year = 0;
     int month = 1;
     int day = 1;
     while (!format.empty()) {
-        std::string_view const run = takeRun(format);
-        if (run == "yyyy") {
-            year = takeNumber(text, 4);
-        } else if (run == "mm") {
-            month = takeNumber(text, 2);
-        } else if (run == "mmm") {
-            month = takeMonthName(text);
-        } else if (run == "dd") {
-            day = takeNumber(text, 2);
-        } else if (text.substr(0, run.size()) == run) {
-            text.remove_prefix(run.size());
-        } else {
+        if (!takeField(text, takeRun(format), year, month, day)) {
             return std::nullopt;
         }
     }
-    if (!text.empty() || year < 1 || month < 1 || day < 1) {
+    if (!text.empty() || year < 1) {
         return std::nullopt;
     }
     year_month_day const date = std::chrono::year(year) / month / day;

@@ -2,6 +2,7 @@
 
 #include "fields.h"
 
+#include <algorithm>
 #include <chrono>
 #include <ctime>
 
@@ -28,7 +29,8 @@ Status DateTime::now() {
     }
     auto const day = std::chrono::year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday;
     Date::operator=(Date(static_cast<int>(std::chrono::sys_days(day).time_since_epoch().count())));
-    seconds_ = (local.tm_hour * 60 + local.tm_min) * 60 + local.tm_sec;
+    int const second = std::min(local.tm_sec, 59); // a leap second would be the next day's first
+    seconds_ = (local.tm_hour * 60 + local.tm_min) * 60 + second;
     return Status();
 }
 

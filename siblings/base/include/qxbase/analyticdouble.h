@@ -21,18 +21,35 @@ public:
     bool isValid() const { return valid; }
 
     /// The sum.
-    AnalyticDouble operator+(AnalyticDouble const& other) const;
+    AnalyticDouble operator+(AnalyticDouble const& other) const {
+        return result(value + other.value, valid && other.valid);
+    }
     /// The difference.
-    AnalyticDouble operator-(AnalyticDouble const& other) const;
+    AnalyticDouble operator-(AnalyticDouble const& other) const {
+        return result(value - other.value, valid && other.valid);
+    }
     /// The product.
-    AnalyticDouble operator*(AnalyticDouble const& other) const;
+    AnalyticDouble operator*(AnalyticDouble const& other) const {
+        return result(value * other.value, valid && other.valid);
+    }
     /// The quotient; not valid when `other` is 0.
-    AnalyticDouble operator/(AnalyticDouble const& other) const;
+    AnalyticDouble operator/(AnalyticDouble const& other) const {
+        bool const defined = other.value != 0.0;
+        return result(defined ? value / other.value : 0.0, valid && other.valid && defined);
+    }
 
     /// The number.
     double value = 0.0;
     /// True when the number means something.
     bool valid = false;
+
+private:
+    static AnalyticDouble result(double value, bool valid) {
+        AnalyticDouble number;
+        number.value = valid ? value : 0.0;
+        number.valid = valid;
+        return number;
+    }
 };
 
 } // namespace QX

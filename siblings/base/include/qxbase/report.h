@@ -22,6 +22,7 @@ public:
     int line() const { return line_; }
 
     /// Writes "file(line): message" and a newline; without a file name only the message and a newline.
+    /// The line is decimal, whatever format and locale the stream has.
     std::ostream& display(std::ostream& os) const;
 
 private:

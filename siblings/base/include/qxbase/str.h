@@ -19,6 +19,8 @@ public:
     Str(char const* text);
     /// Copies all bytes of `text`.
     Str(std::string const& text);
+    /// Takes over the bytes of `text`.
+    Str(std::string&& text) noexcept;
     /// Copies all bytes.
     Str(Str const&) = default;
     /// Takes over the bytes of the source, which is left valid but unspecified.
@@ -30,7 +32,10 @@ public:
     virtual ~Str() = default;
 
     /// Makes this text the given bytes, which must not lie in it, and returns it; keeps its room.
-    Str& assign(char const* bytes, std::size_t size);
+    Str& assign(char const* bytes, std::size_t size) {
+        text_.assign(bytes, size);
+        return *this;
+    }
 
     /// True when the text has no bytes.
     bool empty() const { return text_.empty(); }

@@ -18,12 +18,13 @@ public:
     /// Makes a date that is not valid.
     Date() = default;
     /// Makes the date that lies `days` days after 1970-01-01, before it when negative.
-    explicit Date(int days) : days_(days) {}
+    Date(int days) : days_(days) {}
     /// Reads a date in the given format; an empty format means YYYY-MM-DD.
     ///
     /// Every field must have its full number of digits and nothing may stand around them. A month or day
-    /// that the format lacks is the first; a format without a year gives no valid date. A text that does
-    /// not read as a real calendar day gives a date that is not valid.
+    /// that the format lacks is the first; a format without a year gives no valid date; of a field that
+    /// it has twice the last one counts. A text that does not read as a real calendar day gives a date
+    /// that is not valid.
     Date(Str const& text, Str const& format);
 
     /// True for a real date from 0001-01-01 to 9999-12-31.

@@ -18,7 +18,7 @@ public:
     /// Copies date and time.
     DateTime& operator=(DateTime const&) = default;
 
-    /// Sets this to the current local date and time.
+    /// Sets this to the current local date and time; a leap second counts as the second before it.
     ///
     /// Returns Ok, or Error "Local time not available" (this is then unchanged).
     Status now();
