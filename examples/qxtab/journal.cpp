@@ -65,14 +65,14 @@ void startLog(std::string const& file, bool verbose, std::vector<std::string> co
     }
 }
 
-void log(std::string const& text, QX::Log::LogLevel level) {
-    journal().log.send(text(visible(text)), level);
+void log(std::string const& message, QX::Log::LogLevel level) {
+    journal().log.send(text(visible(message)), level);
 }
 
-void tell(std::string const& text, QX::Log::LogLevel level) {
-    std::cerr << "qxtab: " << visible(text) << '\n';
+void tell(std::string const& message, QX::Log::LogLevel level) {
+    std::cerr << "qxtab: " << visible(message) << '\n';
     if (!journal().onScreen) {
-        log(text, level);
+        log(message, level);
     }
 }
 

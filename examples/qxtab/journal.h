@@ -17,10 +17,10 @@ namespace qxtab {
 void startLog(std::string const& file, bool verbose, std::vector<std::string> const& inputs);
 
 /// Writes to the log what is being done.
-void log(std::string const& text, QX::Log::LogLevel level = QX::Log::Info);
+void log(std::string const& message, QX::Log::LogLevel level = QX::Log::Info);
 
-/// Tells "qxtab: text" on standard error and, where that is another place, in the log.
-void tell(std::string const& text, QX::Log::LogLevel level = QX::Log::Warning);
+/// Tells "qxtab: message" on standard error and, where that is another place, in the log.
+void tell(std::string const& message, QX::Log::LogLevel level = QX::Log::Warning);
 
 /// Raises Failure when the log's file has not taken everything.
 void finishLog();

@@ -15,7 +15,7 @@ struct OverlayFlags {
     bool operandItems;
 };
 
-bool check(TableImplementation const& body);
+bool check(TableImplementation const& root);
 /// A deep copy of a table and its attributes.
 Ptr<Table> clone(Table const& table);
 Status compare(TableImplementation const& left, TableImplementation const& right, Ptr<Table>& result,
