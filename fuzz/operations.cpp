@@ -115,8 +115,8 @@ private:
             keep(tables_[bytes_.below(tables_.size())], table->getAttributes());
             break;
         default: {
-            Ptr<Table> const inner = tableOf(table->get(position(), position()));
-            if (inner) {
+            Ptr<Table> inner;
+            if (table->get(position(), position()).get(inner).ok()) {
                 keep(tables_[bytes_.below(tables_.size())], inner);
             }
         }
