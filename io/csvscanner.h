@@ -29,6 +29,7 @@ public:
         if (at_ == end_ || data_[at_] == '\n' || trim_ || data_[at_] == quote_) {
             return nextRare(field);
         }
+        afterReturn_ = false;
         std::size_t const start = at_;
         char const* const from = data_.data() + start;
         char const* const stop = ends_.find(from, data_.data() + end_);
