@@ -1,6 +1,7 @@
 // Delimiter-separated text, read with any options, in pieces, and back from what is written of it.
 
 #include "fuzz/bytes.h"
+#include "fuzz/pieces.h"
 #include "fuzz/require.h"
 
 #include <qx/csv.h>
@@ -63,15 +64,6 @@ std::optional<std::string> contents(Read const& read) {
         all += "--\n";
     }
     return all;
-}
-
-ByteSource piecesOf(std::string const& text, std::size_t piece) {
-    return [rest = std::string_view(text), piece](char* buffer, std::size_t size) mutable {
-        std::size_t const taken = std::min({size, piece, rest.size()});
-        rest.copy(buffer, taken);
-        rest.remove_prefix(taken);
-        return taken;
-    };
 }
 
 void check(std::string const& text, CsvReadOptions options, std::size_t piece) {

@@ -1,6 +1,7 @@
 // JSON, read with any options, in pieces, and back from what is written of it, plainly and exactly.
 
 #include "fuzz/bytes.h"
+#include "fuzz/pieces.h"
 #include "fuzz/require.h"
 
 #include <qx/json.h>
@@ -11,15 +12,6 @@
 
 namespace QX {
 namespace {
-
-ByteSource piecesOf(std::string const& text, std::size_t piece) {
-    return [rest = std::string_view(text), piece](char* buffer, std::size_t size) mutable {
-        std::size_t const taken = std::min({size, piece, rest.size()});
-        rest.copy(buffer, taken);
-        rest.remove_prefix(taken);
-        return taken;
-    };
-}
 
 /// What `read` reads; null when it can't.
 template <typename Read>

@@ -408,7 +408,7 @@ std::size_t findPlainly(Table const& table, Cell const& name) {
 Cell nameByText(Cell const& name) {
     Str text;
     (void)name.get(text, 0);
-    return Cell(text);
+    return name.isA() == Cell::StringCell ? name : Cell(text);
 }
 
 /// Lays the items of index k of `source`, from item `from` on, over index i of `result`, at item `at`

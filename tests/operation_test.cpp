@@ -198,5 +198,52 @@ TEST(TableOperations, FindManyNamesInLinearTime) {
     });
 }
 
+/// A table that holds a handle to another one.
+struct Holder : Table {
+    using Table::Table;
+    Ptr<Table const> operand;
+};
+
+TEST(TableOperations, MayDropTheLastHandleOfAnOperandWithTheFormerResult) {
+    forEach([](Call const& call) {
+        std::string const expected = plain(call, leftForm, call.operand);
+        Ptr<Holder> holder(new Holder("holder"));
+        holder->operand = brief(call.operand, "u");
+        Ptr<Table const> const& operand = holder->operand; // goes with the former result
+        Ptr<Table> result(holder);
+        holder = nullptr;
+        (void)run(call.text, *brief(leftForm), operand, result);
+        EXPECT_EQ(brief(*result), expected);
+    });
+}
+
+TEST(TableOperations, FindNamesMadeByTextCell) {
+    for (std::size_t const more : {0U, 40U}) { // few indices, and many
+        Ptr<Table> const t = brief("A 1 2");
+        t->at(1, 0) = textCell("007");
+        t->at(1, 1) = Cell(4);
+        t->at(1, 2) = Cell(3);
+        for (std::size_t i = 0; i < more; ++i) {
+            t->at(2 + i, 0) = Cell(Str("n" + std::to_string(i)));
+        }
+        Ptr<Table> const operand = brief("");
+        operand->at(0, 0) = textCell("007");
+        Ptr<Table> result;
+        EXPECT_TRUE(t->match(t, false));
+        EXPECT_EQ(outcome(t->select(operand, result, false, false, false)), "Ok");
+        EXPECT_EQ(result->indices(), 1U);
+        EXPECT_EQ(outcome(t->select(operand, result, false, false, true)), "Ok");
+        EXPECT_EQ(result->indices(), 1U + more);
+        EXPECT_EQ(outcome(t->sort(operand, result, true)), "Ok");
+        EXPECT_EQ(brief(result->get(1, 1)), "3");
+        operand->at(0, 1) = Cell(4);
+        (void)t->filter(operand, result, false, false);
+        EXPECT_EQ(result->items(0), 2U);
+        (void)t->append(operand, result, true, false);
+        EXPECT_EQ(result->indices(), 2U + more);
+        EXPECT_EQ(brief(result->get(1, 3)), "4");
+    }
+}
+
 } // namespace
 } // namespace QX

@@ -84,5 +84,12 @@ TEST(TableSort, KeepsTheOrderOfEqualRows) {
     }
 }
 
+TEST(TableSort, LosesRowsBesideErrors) {
+    expectResults({"sort up", "sort"}, R"(
+        A !e 5 x 7 | B 1 2 3 4 ; A ; A !e | B 1 ; A !e | B 1
+        A 5 !e x 7 | B 1 2 3 4 ; A ; A 5 7 x | B 1 4 3 ; A x 7 5 | B 3 4 1
+    )");
+}
+
 } // namespace
 } // namespace QX

@@ -178,5 +178,20 @@ TEST(Table, HandlesOfOneBodySeeEachOther) {
     EXPECT_EQ(brief(a) + ", " + brief(b) + ", " + brief(d), "A 1 2, A 1 2, A 1 2");
 }
 
+TEST(Table, MayHoldItsLastHandle) {
+    void (*const releases[])(Table&) = {
+        [](Table& t) { t.at("A", 1) = Cell(); },         [](Table& t) { t.at("A", 1) = t.get("B", 1); },
+        [](Table& t) { t.at("A", 1, t.get("B", 1)); },   [](Table& t) { t.at(0, 1, Cell(2)); },
+        [](Table& t) { t.atXPath("A", true) = Cell(); }, [](Table& t) { t = Table("other"); },
+    };
+    for (auto const release : releases) {
+        Ptr<Table> owner = brief("A - | B a_text_that_is_longer_than_short_ones");
+        owner->at("A", 1) = Cell(owner);
+        Table& table = *owner;
+        owner = nullptr;
+        release(table);
+    }
+}
+
 } // namespace
 } // namespace QX

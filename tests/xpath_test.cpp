@@ -166,5 +166,15 @@ TEST(TableAttributes, WithoutABodyGiveNothing) {
     EXPECT_EQ(named(t->getAttributes()), "Attributes: x 1");
 }
 
+TEST(TableAttributes, MayHoldTheLastHandleToTheirTable) {
+    for (char const* const path : {"me", "a/b/me[3]"}) {
+        Ptr<Table> owner = brief("A 1");
+        (void)owner->setAttribute(path, Cell(owner));
+        Table& table = *owner;
+        owner = nullptr;
+        (void)table.setAttribute(path, Cell()); // ends the table: nothing may be touched afterwards
+    }
+}
+
 } // namespace
 } // namespace QX

@@ -25,7 +25,7 @@ int main() {
     // The same without <qx/ease.h>.
     for (std::size_t j = 1; j < readable.items(0); ++j) {
         QX::Str fruit;
-        readable.at("fruit", j).get(fruit, 0);
+        (void)readable.at("fruit", j).get(fruit, 0);
         std::cout << j << ": " << fruit << ", " << readable.at("kilos", j) << " kg\n";
     }
 }

@@ -89,8 +89,9 @@ public:
     /// - an empty cell: "[Empty]", exactly;
     /// - otherwise a string cell with that text, the empty text included.
     ///
-    /// So no cell holds a text that reads as a number: "007" becomes 7. Uses no stream; allocates
-    /// nothing but the body of a text of more than 15 bytes, or that of an error and its message.
+    /// So no cell that is made here holds a text that reads as a number: "007" becomes 7. textCell(), in
+    /// <qx/text.h>, makes one that does. Uses no stream; allocates nothing but the body of a text of more
+    /// than 15 bytes, or that of an error and its message.
     Cell(Str const& text);
     /// Makes a valid number of any double, NaN and infinities included; allocates nothing. Integers
     /// convert to it, and so does a bool: true is 1, which get(bool&) reads as true.
@@ -199,7 +200,8 @@ public:
     /// is not valid. The stream's own formatting of doubles and ints applies.
     ///
     /// Through Cell(Str const&), what a stream in decimal, of the classic locale and without a width
-    /// writes reads back as an equal cell for texts, empty cells, numbers in exact form, and whole numbers
+    /// writes reads back as an equal cell for texts (but those of textCell() that read as something else),
+    /// empty cells, numbers in exact form, and whole numbers
     /// of which the stream's precision shows all digits (10 shows those of every int, the usual 6 those
     /// below a million). What does not: tiny numbers, which count as whole (1.054571817646156e-34 is
     /// written as 1.05457e-34, unless the precision is 17); infinities and "[Undefined]", which read as

@@ -10,7 +10,7 @@ namespace QX {
 ///
 /// When tables and cells go, the library keeps some of their memory for those that come: of large arrays
 /// at most 32 MiB, of small objects at most 16 MiB that no object lies in, and for each thread at most
-/// 70 KiB of small objects that are ready to be used. This gives back all of that but what other threads
+/// 140 KiB of small objects that are ready to be used. This gives back all of that but what other threads
 /// have ready, to the functions that the program allocates with: free and the global operator delete.
 /// Whether those return it to the system is their choice.
 ///

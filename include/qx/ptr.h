@@ -132,8 +132,9 @@ public:
         }
         return *this;
     }
-    /// Takes over the reference of `other`, then releases what was held: as a copy, after which `other`
-    /// is reset. Moving a handle to itself changes nothing.
+    /// Takes over the reference of `other`, which becomes null, then releases what was held; what this
+    /// refers to stays when both have one block already. A null handle is copied instead, and `other`
+    /// stays as it is. Moving a handle that is not null to itself changes nothing.
     Ptr& operator=(Ptr&& other) noexcept {
         Ptr moved(std::move(other));
         if (moved.isNull() || moved.block_ != block_) {

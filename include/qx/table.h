@@ -230,11 +230,12 @@ public:
     /// `create`. Raises std::length_error or std::bad_alloc for an item beyond any memory; all that the
     /// steps made is then gone again.
     Cell& atXPath(Str const& path, bool create, char separator = '/');
-    /// Does not compile: a number, a separator or a text literal in the place of `create` would count as
+    /// Does not compile: a number, a separator, an enumerator or a text literal in the place of `create` would count as
     /// true. Write `Cell(42)` for a default value, and `create` before a separator.
-    template <typename T, typename = std::enable_if_t<
-                              (std::is_arithmetic<T>::value && !std::is_same<T, bool>::value) ||
-                              std::is_pointer<T>::value || std::is_null_pointer<T>::value>>
+    template <typename T,
+              typename = std::enable_if_t<
+                  (std::is_arithmetic<T>::value && !std::is_same<T, bool>::value) ||
+                  std::is_pointer<T>::value || std::is_null_pointer<T>::value || std::is_enum<T>::value>>
     Cell& atXPath(Str const&, T, char = '/') {
         static_assert(sizeof(T) == 0, "write atXPath(path, create, separator) with a bool, or "
                                       "atXPath(path, Cell(value)) for a default value");
@@ -265,8 +266,8 @@ public:
     ///
     /// Unless said otherwise a null operand raises Except "No operand table provided" before anything
     /// happens, and the cost is linear in the cells read and placed. Where names are matched "by cell",
-    /// the operand's name cell is compared as it is; "by text", the cell that Cell(Str const&) makes of
-    /// its text is, so that a name "2" matches an index named by the number 2.
+    /// the operand's name cell is compared as it is; "by text", a string cell is, too, also one that
+    /// textCell() made, and of any other the cell that Cell(Str const&) makes of its text.
     ///
     /// @{
 
@@ -309,7 +310,7 @@ public:
     ///     B 3 4       C 7 8
     ///
     /// Names are matched by text. With `addIndices` an operand index that this table lacks is added,
-    /// named by the cell made from its name's text; otherwise it is left out. An index of this table
+    /// named by the cell that it was looked for by; otherwise it is left out. An index of this table
     /// that the operand lacks stays as long as it was. Of two operand indices of one name the later
     /// one's rows remain.
     ///
@@ -339,7 +340,8 @@ public:
     /// A nested table of the operand is laid over the nested table beneath, or over a new empty one, by
     /// the same rules; the result holds the new table, and neither input's nested table changes.
     ///
-    /// Of two operand indices of one name the second is laid first, so that the first one's cells win.
+    /// Of two operand indices of one name the second is laid first, so that the first one's cells
+    /// win; where this table lacks the name, both are added.
     ///
     /// The result is named after the operand. A null operand gives a copy of this table, padded to a
     /// rectangle and named after it. Always returns Ok. Raises Except "Result table cannot be same as
@@ -357,7 +359,7 @@ public:
     /// alone. Each picked index is named by the operand's cell and padded to this table's item count.
     ///
     /// With `invert` the indices that the operand does not name are picked, in this table's order, each
-    /// named by the cell made from its name's text; those whose name has no text only with
+    /// named by the cell that it would be looked for by; those whose name has no text only with
     /// `keepUnmatched`.
     ///
     /// With `distinct` rows that equal an earlier row, the names row included, are removed; rows are
@@ -421,12 +423,12 @@ public:
     /// texts without characters and numbers that are not valid) before all others.
     ///
     /// Where a key index's order and equality disagree, rows are lost or repeated, with Ok: a row is listed
-    /// once for each distinct value that it equals, and errors and tables precede or follow no value. A
-    /// key index [error, 5, "x", 7] leaves one row of four. Whoever sorts what others have filled in
-    /// compares `result->items(0)` with this table's, or keeps errors and tables out of key indices. So a column with NaN loses rows, and rows whose
+    /// once for each distinct value that it equals, and errors and tables precede or follow no value. So
+    /// a column with NaN loses rows, a key index [error, 5, "x", 7] leaves one row of four, and rows whose
     /// numbers are next to each other in the double grid are listed once for each of them, anew by every
-    /// key. The order among tables, errors and texts that are dates beside numbers is unspecified, but
-    /// always the same for the same rows.
+    /// key. Whoever sorts what others have filled in compares `result->items(0)` with this table's, or
+    /// keeps errors and tables out of key indices. The order among tables, errors and texts that are dates
+    /// beside numbers is unspecified, but always the same for the same rows.
     ///
     /// The result is named after this table. Returns Ok; Error "Sort key not found" when the operand has
     /// no key with a text (`result` is then left as it was); or Error "Key not found" for an empty key

@@ -56,4 +56,10 @@ private:
     Cell cell_; // empty if it is not needed
 };
 
+/// The cell to find an index by whose name an operand gives "by text": a text as it stands, also one that
+/// textCell() made, otherwise what the text of the name reads as.
+inline Cell soughtName(Cell const& name, Str const& text) {
+    return name.isA() == Cell::StringCell ? name : Cell(text);
+}
+
 } // namespace QX

@@ -1,6 +1,7 @@
 #include "base/makeptr.h"
 #include "cell/print.h"
 #include "table/model/bodies.h"
+#include "table/model/name.h"
 #include "table/model/namelookup.h"
 #include "table/operations/operations.h"
 #include "table/rows/gather.h"
@@ -117,7 +118,7 @@ void appendRows(TableImplementation const& table, TableImplementation const& ope
     for (std::size_t k = 0; k < operand.indices(); ++k) {
         Str name; // stays empty when the name has no text
         (void)operand.get(k, 0).get(name, 0);
-        Cell const nameCell(name);
+        Cell const nameCell = soughtName(operand.get(k, 0), name);
         std::size_t target = lookup.find(nameCell);
         if (target == Table::npos) {
             if (!addIndices) {

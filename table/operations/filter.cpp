@@ -1,4 +1,5 @@
 #include "table/model/bodies.h"
+#include "table/model/name.h"
 #include "table/operations/operations.h"
 #include "table/rows/excludedtexts.h"
 #include "table/rows/gather.h"
@@ -18,7 +19,7 @@ Status filterStep(TableImplementation const& table, TableImplementation const& c
                   Ptr<Table>& result, FilterFlags flags) {
     Str name;
     Status status = conditions.get(k, 0).get(name, 0);
-    std::size_t const tested = table.findIndex(Cell(name));
+    std::size_t const tested = table.findIndex(soughtName(conditions.get(k, 0), name));
     std::size_t const height = table.items();
     Rows rows;
     bool walked = false;

@@ -1,5 +1,6 @@
 #include "base/makeptr.h"
 #include "table/model/bodies.h"
+#include "table/model/name.h"
 #include "table/model/namelookup.h"
 #include "table/model/raise.h"
 #include "table/operations/operations.h"
@@ -40,7 +41,7 @@ void addUnnamed(TableImplementation const& table, TableImplementation const& ope
     for (std::size_t i = 0; i < table.indices(); ++i) {
         Str name; // stays empty when the name has no text
         (void)table.get(i, 0).get(name, 0);
-        Cell const nameCell(name);
+        Cell const nameCell = soughtName(table.get(i, 0), name);
         bool const named = operand.get(lookup.find(nameCell), 0).isA() != Cell::EmptyCell;
         if (!named && (keepUnnamed || !name.empty())) {
             others.addSized(nameCell, 1);
@@ -71,7 +72,7 @@ Status Operations::select(TableImplementation const& table, TableImplementation 
             return readable;
         }
         Cell const& title = operand.get(k, 0);
-        std::size_t const source = lookup.find(Cell(name));
+        std::size_t const source = lookup.find(soughtName(title, name));
         if (source != Table::npos) {
             Cell const& rename = operand.get(k, 1);
             selected.push_back(table.view(source, height).renamed(rename.empty() ? title : rename));

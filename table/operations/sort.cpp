@@ -1,4 +1,5 @@
 #include "table/model/bodies.h"
+#include "table/model/name.h"
 #include "table/model/namelookup.h"
 #include "table/operations/operations.h"
 #include "table/rows/gather.h"
@@ -38,7 +39,7 @@ Status Operations::sort(TableImplementation const& table, TableImplementation co
         if (!keys[k].get(name, 0).ok()) {
             continue;
         }
-        std::size_t const key = name.empty() ? Table::npos : lookup.find(Cell(name));
+        std::size_t const key = name.empty() ? Table::npos : lookup.find(soughtName(keys[k], name));
         if (key == Table::npos) {
             status = Status("Key not found", Status::Error, -1);
             break; // after sorting by the keys behind it

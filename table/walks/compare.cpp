@@ -1,6 +1,5 @@
 #include "base/makeptr.h"
 #include "cell/equality.h"
-#include "cell/plaintext.h"
 #include "table/model/bodies.h"
 #include "table/model/namelookup.h"
 #include "table/walks/leafmatch.h"
@@ -49,8 +48,8 @@ struct Pair {
     /// Finds the far table's index for index i: that of its name or, without a name, of its position.
     void pairIndex() {
         Cell const& title = near().get(i, 0);
-        if (title.isA() == Cell::StringCell && isPlainText(textOf(title))) {
-            k = find(title); // its text reads as itself
+        if (title.isA() == Cell::StringCell && !textOf(title).empty()) {
+            k = find(title); // as a text stands for itself
             aligned &= k == i && far().get(k, 0).isA() == Cell::StringCell;
         } else {
             Str const text = name();
