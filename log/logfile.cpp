@@ -10,8 +10,13 @@ namespace QX {
 
 namespace {
 
-Immortal<std::mutex> mutex;
 LogFile* files = nullptr; // those that are open
+
+/// Made when it is first needed, which globals of the program may do before this file's own are made.
+std::mutex& filesMutex() {
+    static Immortal<std::mutex> mutex;
+    return mutex.object;
+}
 
 } // namespace
 
@@ -22,7 +27,7 @@ LogFile::LogFile(Str const& name, std::ostream const* former) {
         return;
     }
     path_ = std::filesystem::path(text);
-    std::lock_guard const lock(mutex.object);
+    std::lock_guard const lock(filesMutex());
     if (isHeld(former)) {
         setstate(failbit);
         return;
@@ -37,7 +42,7 @@ LogFile::LogFile(Str const& name, std::ostream const* former) {
 }
 
 LogFile::~LogFile() {
-    std::lock_guard const lock(mutex.object);
+    std::lock_guard const lock(filesMutex());
     close();
     for (LogFile** link = &files; *link != nullptr; link = &(*link)->next_) {
         if (*link == this) {
