@@ -111,7 +111,7 @@ TEST(Callbacks, OverriddenDisplaysThatThrowAreHeardByTheCaller) {
     std::ostringstream os;
     EXPECT_THROW(t->display(os), std::runtime_error);
     EXPECT_THROW(os << Cell(t), std::runtime_error);
-    EXPECT_THROW(t->append(brief("a 5"), result, true, true), std::runtime_error);
+    EXPECT_THROW((void)t->append(brief("a 5"), result, true, true), std::runtime_error);
     throws = false;
     EXPECT_NE(shown(*t).find("acted 1\n"), std::string::npos);
     (void)t->append(brief("a 5"), result, true, true);

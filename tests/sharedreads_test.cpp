@@ -61,7 +61,7 @@ std::string readTable(Table const& table, Operand const& same, Operand const& ot
     Ptr<Table> reached = brief("former");
     found += outcome(table.XPath("B/D", reached)) + brief(*reached);
     Cell attribute;
-    table.getAttribute("unit", attribute);
+    (void)table.getAttribute("unit", attribute);
     found += printed(attribute) + brief(*table.getAttributes());
     found += table.check() ? "sound" : "loops";
     found += handle->match(other, false) ? "alike" : "different";
@@ -80,7 +80,7 @@ TEST(SharedReads, GiveEveryThreadWhatItWouldFindAlone) {
     for (bool const described : {false, true}) { // attributes are made when they are first asked for
         Ptr<Table> const table = brief(sharedTable, "shared");
         if (described) {
-            table->setAttribute("unit", Cell("a text of many characters"));
+            (void)table->setAttribute("unit", Cell("a text of many characters"));
         }
         Operand const other = brief("A 1 2 | B y {n C 1 } | G 7", "other");
         constexpr std::size_t count = 4;
@@ -119,10 +119,10 @@ TEST(SharedReads, MakeAttributesOnceForAll) {
         for (std::thread& thread : threads) {
             thread.join();
         }
-        table->setAttribute("unit", Cell("km"));
+        (void)table->setAttribute("unit", Cell("km"));
         for (std::size_t k = 0; k < attributes.size(); ++k) {
             Cell unit;
-            copies[k]->getAttribute("unit", unit);
+            (void)copies[k]->getAttribute("unit", unit);
             EXPECT_EQ(printed(unit), "km");
             EXPECT_EQ(brief(*attributes[k]), "unit km");
         }
