@@ -45,15 +45,15 @@ void copyRows() {
 void interlude() {
     static std::array<std::function<void()>, 6> const round = {
         operation([keys = Ptr<Table const>(namesTable({"city"}))](Table const& table, Ptr<Table>& made) {
-            table.sort(keys, made, true);
+            (void)table.sort(keys, made, true);
         }),
         copyRows,
         operation([](Table const& table, Ptr<Table>& made) {
-            table.append(Ptr<Table const>(tableOnce(size)), made, true, false);
+            (void)table.append(Ptr<Table const>(tableOnce(size)), made, true, false);
         }),
         countNames,
         operation([](Table const& table, Ptr<Table>& made) {
-            table.merge(Ptr<Table const>(tableOnce(size)), made, true);
+            (void)table.merge(Ptr<Table const>(tableOnce(size)), made, true);
         }),
         operation([](Table const& table, Ptr<Table>& made) { made = table.clone(); }),
     };

@@ -140,16 +140,16 @@ Ptr<Table> changed(Ptr<Table> const& table, std::mt19937& random) {
     key->at(std::size_t{0}, 0, table->get(random() % 2, 0));
     switch (random() % 5) {
     case 0:
-        table->sort(key, result, true);
+        (void)table->sort(key, result, true);
         break;
     case 1:
-        table->append(filled(random() % 1'000, random()), result, true, true);
+        (void)table->append(filled(random() % 1'000, random()), result, true, true);
         break;
     case 2:
-        table->merge(filled(random() % 1'000, random()), result, false);
+        (void)table->merge(filled(random() % 1'000, random()), result, false);
         break;
     case 3:
-        table->transpose(result);
+        (void)table->transpose(result);
         break;
     default:
         break;
